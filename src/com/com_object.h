@@ -45,14 +45,14 @@ class ComObject : public First, public Others...
         return S_OK;
     }
 
-    ULONG STDMETHODCALLTYPE AddRef() override { return ++count; }
+    ULONG STDMETHODCALLTYPE AddRef() override { return ++references; }
 
     ULONG STDMETHODCALLTYPE Release() override
     {
-        const ULONG left = --count;
+        const ULONG left = --references;
         if (left == 0) {
             // What the destructor calls may take and give back a reference; that must not destroy a second time.
-            count = kDestroying;
+            references = kDestroying;
             delete this;
         }
         return left;
@@ -77,7 +77,7 @@ class ComObject : public First, public Others...
 
     static constexpr ULONG kDestroying = 0x40000000;
 
-    std::atomic<ULONG> count{1};
+    std::atomic<ULONG> references{1};
 };
 
 /// Makes a counted object and hands over its first reference.

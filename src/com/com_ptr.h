@@ -4,6 +4,7 @@
 #include "com/guid.h"
 
 #include <cstddef>
+#include <type_traits>
 #include <utility>
 
 namespace tv {
@@ -18,6 +19,12 @@ class ComPtr
     ComPtr(std::nullptr_t) {}
     ComPtr(const ComPtr& other) : pointer(other.pointer) { AddRefIfAny(); }
     ComPtr(ComPtr&& other) noexcept : pointer(std::exchange(other.pointer, nullptr)) {}
+    /// An object is held by any interface that its class derives from.
+    template <typename Derived>
+        requires(!std::is_same_v<Derived, Interface> && std::is_convertible_v<Derived*, Interface*>)
+    ComPtr(ComPtr<Derived> other) : pointer(other.release())
+    {
+    }
     ~ComPtr() { reset(); }
 
     ComPtr& operator=(ComPtr other) noexcept

@@ -133,7 +133,7 @@ struct VARIANT
         BSTR* pbstrVal;
         VARIANT* pvarVal;
         SAFEARRAY** pparray;
-        struct
+        __extension__ struct
         {
             void* pvRecord;
             IRecordInfo* pRecInfo;
