@@ -11,6 +11,9 @@ namespace tv {
 /// An open key; 0 for none. The two roots are always open.
 using KeyHandle = uint64_t;
 inline constexpr KeyHandle kNoKey = 0;
+/// A transaction of the system; 0 for none.
+using TransactionHandle = uint64_t;
+inline constexpr TransactionHandle kNoTransaction = 0;
 inline constexpr KeyHandle kCurrentUserRoot = 0x80000001;
 inline constexpr KeyHandle kLocalMachineRoot = 0x80000002;
 
@@ -45,6 +48,9 @@ class RegistryService
     virtual uint32_t OpenKey(KeyHandle parent, std::u16string_view subkey, uint32_t access, KeyHandle& key) = 0;
     /// Opens a key, creating it as non-volatile with an empty class when it is missing.
     virtual uint32_t CreateKey(KeyHandle parent, std::u16string_view subkey, uint32_t access, KeyHandle& key) = 0;
+    /// Opens a key within a transaction; 1 when the system has no transactions.
+    virtual uint32_t OpenKeyTransacted(KeyHandle parent, std::u16string_view subkey, uint32_t access,
+                                       TransactionHandle transaction, KeyHandle& key) = 0;
     virtual uint32_t CloseKey(KeyHandle key) = 0;
     /// Reads a value as RegQueryValueExW does. An empty name is the default value. `size` goes in as the capacity in
     /// bytes and comes out as the size of the value; a buffer without memory asks for type and size only.
