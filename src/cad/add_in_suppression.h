@@ -10,6 +10,8 @@
 
 namespace tv {
 
+class Registry;
+
 enum class StartupAddIns
 {
     Suppress,
@@ -30,8 +32,8 @@ class AddInSuppression
 
   private:
     void SuppressBelow(std::u16string_view parentPath);
-    void SuppressNumber(KeyHandle key, const std::u16string& path, uint32_t number);
-    void SuppressText(KeyHandle key, const std::u16string& path, const std::u16string& text);
+    void SuppressNumber(Registry& addIn, const std::u16string& path, uint32_t number);
+    void SuppressText(Registry& addIn, const std::u16string& path, const std::u16string& text);
 
     RegistryService& registry;
     std::map<std::u16string, std::u16string> saved;

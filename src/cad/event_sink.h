@@ -60,14 +60,15 @@ class EventSink final : public ComObject<IDispatch>
 /// Cookie of a sink that isn't connected.
 inline constexpr uint32_t kUnconnectedMark = 0xFEFEFEFE;
 
-/// One sink's connection to one source. Ends with the object.
+/// One sink's connection to one source. The end of the object makes the sink deaf but says nothing to the source, which
+/// may be gone by then.
 class SinkConnection
 {
   public:
     SinkConnection() = default;
     SinkConnection(const SinkConnection&) = delete;
     SinkConnection& operator=(const SinkConnection&) = delete;
-    ~SinkConnection() { Disconnect(); }
+    ~SinkConnection() { Abandon(); }
 
     /// Connects a new sink. The version of the event interface's description is that of the running application, not the
     /// 17.0 that this program was declared with. Connecting twice is a programming error, raised as 0x80004005.
@@ -79,6 +80,8 @@ class SinkConnection
     uint16_t MajorVersion() const { return majorVersion; }
 
   private:
+    void Abandon();
+
     ComPtr<IConnectionPoint> point;
     ComPtr<EventSink> sink;
     uint32_t cookie = kUnconnectedMark;

@@ -1,8 +1,7 @@
 // Names under which outputs are recorded: they say what a file covers, not which sheet or configuration was on screen.
 #pragma once
 
-#include "platform/platform.h"
-
+#include <cstdint>
 #include <string>
 
 namespace tv {

@@ -109,9 +109,9 @@ class TVManager final : private EventHandler
     Result PrepareApplication();
     Result ReadRevision();
     Result SetPreferences();
-    Result ConnectEvents();
     Result HideApplication();
     Result HideMainWindow();
+    Result AddDocument(ITorvaneDocument& document, const ComPtr<IUnknown>& identity);
     void DetachAll();
     Result QuitPolitely();
     bool WaitForEnd(Process& process, int tries);
@@ -126,9 +126,6 @@ class TVManager final : private EventHandler
     };
     MacroOutcome RunWithRetries(const std::u16string& path);
     MacroOutcome CallMacro(const std::u16string& path);
-    Result RestartForMacro(Result code);
-    void CopyMacroForInspection(const std::u16string& path);
-    [[noreturn]] void RaiseMacroFailure(const MacroOutcome& outcome);
 
     Platform& platform;
     bool regressionMode = false;

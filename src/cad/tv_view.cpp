@@ -1,0 +1,41 @@
+#include "cad/tv_view.h"
+
+#include "cad/tv_document.h"
+
+namespace tv {
+
+namespace {
+
+constexpr EventDescription kEvents[] = {{kEventPrinted, 0}};
+constexpr EventInterface kModelViewEvents{kInterfaceId<DModelViewEvents>, 4, kEvents};
+
+} // namespace
+
+CTVView::CTVView(CTVDocument& document, ComPtr<IUnknown> modelView, uint16_t revision)
+    : owner(document), view(std::move(modelView)), majorRevision(revision)
+{
+}
+
+Result CTVView::Connect()
+{
+    return connection.Connect(view.get(), kModelViewEvents, *this, majorRevision);
+}
+
+void CTVView::Detach()
+{
+    connection.Disconnect();
+    view.reset();
+    detached = true;
+}
+
+void CTVView::OnEvent(int32_t, std::span<const VARIANT>)
+{
+    OnPrinted();
+}
+
+void CTVView::OnPrinted()
+{
+    owner.RecordPrinted();
+}
+
+} // namespace tv
