@@ -6,10 +6,21 @@
 #include "platform/platform.h"
 #include "script/tokens.h"
 
+#include <memory>
 #include <string>
 #include <string_view>
 
 namespace tv {
+
+/// What is known of the current file beside the values of its tokens.
+struct SourceFile
+{
+    std::u16string fileName;  ///< no folder, no extension
+    std::u16string extension; ///< without the dot
+    uint32_t documentId = 0;
+    uint32_t folderId = 0;
+    uint32_t version = 0;
+};
 
 /// Call InitScript once in a run, then SetSourceFile and GetMacroText for each file. The log may be written at any time
 /// after InitScript.
@@ -46,23 +57,20 @@ class TaskScript
     /// True once a run's output paths asked for the revision or the workflow state. Never becomes false again.
     bool NeedFileInfo() const { return needFileInfo; }
 
+    const SourceFile& Source() const { return source; }
+
   private:
     void ReadRunValues();
     bool OutputPathsAskForFileInfo();
-    void ReadFileInfo(std::u16string_view path, int32_t folder, int32_t versionNumber);
-    std::u16string LogFilePath();
-    std::u16string TextVariable(const char16_t* name);
+    void ReadFileInfo(int32_t folderId, int32_t version);
+    std::unique_ptr<OutputFile> OpenLog(const std::u16string& path);
 
     Platform& platform;
     ComPtr<IVyxTaskInstance> task;
     ComPtr<IVyxVault> vault;
     TokenValues values;
-    std::u16string fileName;
-    std::u16string extension;
+    SourceFile source;
     ScriptText script;
-    uint32_t document = 0;
-    uint32_t folder = 0;
-    uint32_t version = 0;
     bool needFileInfo = false;
 };
 
