@@ -2,6 +2,7 @@
 #pragma once
 
 #include "com/com_object.h"
+#include "com/safe_array.h"
 #include "com/variant.h"
 #include "interfaces/vault.h"
 #include "fakes/vault/vault_script.h"
@@ -94,7 +95,7 @@ class FakeTaskProperties final : public ComObject<IVyxTaskProperties>
     Result TV_CALL SetMenuCmds(SAFEARRAY* commands) override;
 };
 
-/// The record array that comes with a command, from its elements. Texts are borrowed from the list's strings.
+/// One element of the array that comes with a command.
 struct CommandFile
 {
     std::u16string path;
@@ -104,6 +105,8 @@ struct CommandFile
     std::u16string configuration;
     int32_t kind = 1;
 };
+
+/// The array, which owns its texts.
 SafeArray MakeCommandData(const std::vector<CommandFile>& files);
 
 } // namespace tv::fakes

@@ -1,0 +1,397 @@
+#include "fakes/vault/vault_objects.h"
+
+#include "com/bstring.h"
+#include "com/safe_array.h"
+#include "support/format.h"
+#include "support/paths.h"
+
+namespace tv::fakes {
+
+namespace {
+
+std::u16string Pair(int32_t first, int32_t second)
+{
+    return FormatText(u"%d %d", first, second);
+}
+
+std::vector<VyxSelectionPair> PairsOf(SAFEARRAY* selection)
+{
+    const SafeArrayView<VyxSelectionPair> view(selection);
+    return {view.begin(), view.end()};
+}
+
+/// Fetches files; with a disk, their local copies are written.
+class BatchGet final : public ComObject<IVyxBatchGet>
+{
+  public:
+    explicit BatchGet(WorldPtr vaultWorld) : world(std::move(vaultWorld)) {}
+
+    Result TV_CALL AddSelection(IVyxVault*, int32_t fileId, int32_t folderId, const VARIANT* version) override
+    {
+        const std::u16string details = FormatText(u"%d %d %d", fileId, folderId, version->lVal);
+        if (const Result fault = world->script.Enter("BatchGet.AddSelection", details)) {
+            return fault;
+        }
+        selected.push_back(fileId);
+        return version->vt == VT_I4 ? 0 : E_INVALIDARG;
+    }
+
+    Result TV_CALL CreateTree(WindowHandle, int32_t flags) override
+    {
+        return world->script.Enter("BatchGet.CreateTree", FormatText(u"%d", flags));
+    }
+
+    Result TV_CALL GetFiles(WindowHandle, int32_t) override
+    {
+        if (const Result fault = world->script.Enter("BatchGet.GetFiles")) {
+            return fault;
+        }
+        for (int32_t id : selected) {
+            WriteLocalCopy(world->FindFile(id));
+        }
+        return 0;
+    }
+
+  private:
+    void WriteLocalCopy(const FakeFile* file)
+    {
+        if (world->disk != nullptr && file != nullptr && !world->disk->FileExists(file->path)) {
+            if (const auto copy = world->disk->OpenForAppend(file->path)) {
+                copy->Write(std::string_view("content"));
+            }
+        }
+    }
+
+    WorldPtr world;
+    std::vector<int32_t> selected;
+};
+
+class BatchList final : public ComObject<IVyxBatchList>
+{
+  public:
+    explicit BatchList(WorldPtr vaultWorld) : world(std::move(vaultWorld)) {}
+
+    Result TV_CALL AddFile(const VARIANT* path, int32_t, int32_t, int32_t) override
+    {
+        if (path->vt != VT_BSTR) {
+            return E_INVALIDARG;
+        }
+        const std::u16string_view text = TextOf(reinterpret_cast<BStr>(path->bstrVal));
+        if (const Result fault = world->script.Enter("BatchList.AddFile", text)) {
+            return fault;
+        }
+        paths.emplace_back(text);
+        return 0;
+    }
+
+    Result TV_CALL CreateList(const char16_t* columns, SAFEARRAY** files) override
+    {
+        if (const Result fault = world->script.Enter("BatchList.CreateList", columns)) {
+            return fault;
+        }
+        *files = Records();
+        return 0;
+    }
+
+    Result TV_CALL GetFileList(SAFEARRAY** files) override
+    {
+        if (const Result fault = world->script.Enter("BatchList.GetFileList")) {
+            return fault;
+        }
+        *files = Records();
+        return 0;
+    }
+
+  private:
+    SAFEARRAY* Records()
+    {
+        std::vector<VyxListFile> records;
+        for (const std::u16string& path : paths) {
+            if (const FakeFile* file = world->FindFile(path)) {
+                VyxListFile record{};
+                record.fileId = file->id;
+                record.latestVersion = file->CurrentVersion();
+                records.push_back(record);
+            }
+        }
+        return MakeRecordArray(std::span<const VyxListFile>(records)).release();
+    }
+
+    WorldPtr world;
+    std::vector<std::u16string> paths;
+};
+
+/// Adds files. What was added is checked out by its adder until it is checked in.
+class BatchAdd final : public ComObject<IVyxBatchAdd>
+{
+  public:
+    explicit BatchAdd(WorldPtr vaultWorld) : world(std::move(vaultWorld)) {}
+
+    Result TV_CALL AddFileFromPathToPath(const char16_t* localPath, const char16_t* folderPath, WindowHandle, int32_t,
+                                         int32_t) override
+    {
+        const std::u16string details = std::u16string(localPath) + u" -> " + folderPath;
+        if (const Result fault = world->script.Enter("BatchAdd.AddFileFromPathToPath", details)) {
+            return fault;
+        }
+        if (!IsInVault(folderPath)) {
+            return kVaultFolderNotFound;
+        }
+        queue.push_back({localPath, folderPath});
+        return 0;
+    }
+
+    Result TV_CALL CommitAdd(WindowHandle, SAFEARRAY** results, int32_t, int32_t, int32_t* count) override
+    {
+        if (const Result fault = world->script.Enter("BatchAdd.CommitAdd")) {
+            return fault;
+        }
+        std::vector<VyxAddResult> added;
+        for (const Queued& file : queue) {
+            added.push_back(Add(file));
+        }
+        *count = static_cast<int32_t>(added.size());
+        *results = MakeRecordArray(std::span<const VyxAddResult>(added)).release();
+        return 0;
+    }
+
+  private:
+    struct Queued
+    {
+        std::u16string path;
+        std::u16string folder;
+    };
+
+    bool IsInVault(std::u16string_view folder) const { return folder.starts_with(world->root); }
+
+    int32_t FolderId(const std::u16string& path)
+    {
+        if (const FakeFolder* folder = world->FindFolder(path)) {
+            return folder->id;
+        }
+        const std::u16string parent = FolderOf(path);
+        const int32_t parentId = FolderId(parent);
+        const int32_t id = ++world->lastId;
+        world->folders[id] = {id, parentId, path, false};
+        return id;
+    }
+
+    VyxAddResult Add(const Queued& queued)
+    {
+        VyxAddResult result{};
+        result.path = AllocateText(queued.path);
+        if (world->disk != nullptr && !world->disk->FileExists(queued.path)) {
+            result.result = kVaultLocalFileNotFound;
+        } else if (world->FindFile(queued.path) != nullptr) {
+            result.result = E_VYX_NAME_ALREADY_EXISTS;
+        } else if (const int32_t folder = FolderId(queued.folder); world->FindFolder(folder)->readOnly) {
+            result.result = kVaultPermissionDenied;
+        } else {
+            FakeFile& file = world->Insert(queued.path, folder);
+            file.versions[1];
+            file.lockedBy = world->user;
+            file.isNew = true;
+            result.fileId = file.id;
+            result.folderId = folder;
+        }
+        return result;
+    }
+
+    WorldPtr world;
+    std::vector<Queued> queue;
+};
+
+class BatchUnlock final : public ComObject<IVyxBatchUnlock>
+{
+  public:
+    explicit BatchUnlock(WorldPtr vaultWorld) : world(std::move(vaultWorld)) {}
+
+    Result TV_CALL SetComment(const char16_t* text) override
+    {
+        comment = text;
+        return world->script.Enter("BatchUnlock.SetComment", text);
+    }
+
+    Result TV_CALL AddSelection(IVyxVault*, SAFEARRAY* selection) override
+    {
+        selected = PairsOf(selection);
+        std::u16string details;
+        for (const VyxSelectionPair& pair : selected) {
+            details += (details.empty() ? u"" : u", ") + Pair(pair.fileId, pair.folderId);
+        }
+        return world->script.Enter("BatchUnlock.AddSelection", details);
+    }
+
+    Result TV_CALL CreateTree(WindowHandle, int32_t flags, int32_t, VariantBool* done) override
+    {
+        *done = kVariantTrue;
+        return world->script.Enter("BatchUnlock.CreateTree", FormatText(u"%d", flags));
+    }
+
+    Result TV_CALL UnlockFiles(WindowHandle, int32_t) override
+    {
+        if (const Result fault = world->script.Enter("BatchUnlock.UnlockFiles")) {
+            return fault;
+        }
+        Result result = 0;
+        for (const VyxSelectionPair& pair : selected) {
+            const Result checkedIn = CheckIn(world->FindFile(pair.fileId));
+            result = result == 0 ? checkedIn : result;
+        }
+        return result;
+    }
+
+  private:
+    Result CheckIn(FakeFile* file)
+    {
+        if (file == nullptr) {
+            return kVaultFileNotFound;
+        }
+        if (file->lockedBy != world->user) {
+            return kVaultNotLockedByYou;
+        }
+        if (!file->isNew) {
+            const FakeVersion last = file->versions.empty() ? FakeVersion{} : file->versions.rbegin()->second;
+            file->versions[file->CurrentVersion() + 1] = last;
+        }
+        file->versions.rbegin()->second.comment = comment;
+        file->isNew = false;
+        file->lockedBy.clear();
+        return 0;
+    }
+
+    WorldPtr world;
+    std::u16string comment;
+    std::vector<VyxSelectionPair> selected;
+};
+
+class BatchUpdate final : public ComObject<IVyxBatchUpdate>
+{
+  public:
+    explicit BatchUpdate(WorldPtr vaultWorld) : world(std::move(vaultWorld)) {}
+
+    Result TV_CALL SetCardValue(int32_t fileId, int32_t variableId, const VARIANT* value, int32_t configuration,
+                                int32_t flags) override
+    {
+        const std::u16string details = FormatText(u"%d %d %d %d", fileId, variableId, configuration, flags);
+        if (const Result fault = world->script.Enter("BatchUpdate.SetCardValue", details)) {
+            return fault;
+        }
+        queue.push_back({fileId, variableId, Variant::Copy(*value)});
+        return 0;
+    }
+
+    Result TV_CALL CommitUpdate(SAFEARRAY** errors, int32_t) override
+    {
+        if (const Result fault = world->script.Enter("BatchUpdate.CommitUpdate")) {
+            return fault;
+        }
+        *errors = nullptr;
+        for (Queued& update : queue) {
+            FakeFile* file = world->FindFile(update.fileId);
+            if (file == nullptr) {
+                return kVaultFileNotFound;
+            }
+            file->cardUpdates[update.variableId] = update.value;
+        }
+        queue.clear();
+        return 0;
+    }
+
+  private:
+    struct Queued
+    {
+        int32_t fileId;
+        int32_t variableId;
+        Variant value;
+    };
+
+    WorldPtr world;
+    std::vector<Queued> queue;
+};
+
+/// Writes references; World().pendingCommits makes a first commit ask for a second.
+class BatchRefs final : public ComObject<IVyxBatchRefs>
+{
+  public:
+    explicit BatchRefs(WorldPtr vaultWorld) : world(std::move(vaultWorld)) {}
+
+    Result TV_CALL AddReferences(int32_t parentFileId, SAFEARRAY* sources) override
+    {
+        const std::vector<VyxSelectionPair> pairs = PairsOf(sources);
+        std::u16string details = FormatText(u"%d", parentFileId);
+        for (const VyxSelectionPair& pair : pairs) {
+            details += u" <- " + Pair(pair.fileId, pair.folderId);
+        }
+        if (const Result fault = world->script.Enter("BatchRefs.AddReferences", details)) {
+            return fault;
+        }
+        for (const VyxSelectionPair& pair : pairs) {
+            queue.push_back({parentFileId, pair});
+        }
+        return 0;
+    }
+
+    Result TV_CALL CommitReferences(int32_t pending, int32_t* stillPending) override
+    {
+        if (const Result fault = world->script.Enter("BatchRefs.CommitReferences", FormatText(u"%d", pending))) {
+            return fault;
+        }
+        *stillPending = 0;
+        if (pending == 0 && !world->pendingCommits.empty()) {
+            *stillPending = world->pendingCommits.front();
+            world->pendingCommits.erase(world->pendingCommits.begin());
+            return 0;
+        }
+        for (const Queued& reference : queue) {
+            FakeFile* file = world->FindFile(reference.parentId);
+            if (file == nullptr) {
+                return kVaultFileNotFound;
+            }
+            file->references.push_back(reference.source);
+        }
+        queue.clear();
+        return 0;
+    }
+
+  private:
+    struct Queued
+    {
+        int32_t parentId;
+        VyxSelectionPair source;
+    };
+
+    WorldPtr world;
+    std::vector<Queued> queue;
+};
+
+template <typename Utility>
+ComPtr<IUnknown> Make(WorldPtr world)
+{
+    const auto utility = MakeObject<Utility>(std::move(world));
+    return ComPtr<IUnknown>::Share(utility.get());
+}
+
+} // namespace
+
+ComPtr<IUnknown> MakeUtility(WorldPtr world, int32_t number)
+{
+    switch (number) {
+    case kUtilityBatchUpdate:
+        return Make<BatchUpdate>(std::move(world));
+    case kUtilityBatchUnlock:
+        return Make<BatchUnlock>(std::move(world));
+    case kUtilityBatchRefs:
+        return Make<BatchRefs>(std::move(world));
+    case kUtilityBatchGet:
+        return Make<BatchGet>(std::move(world));
+    case kUtilityBatchList:
+        return Make<BatchList>(std::move(world));
+    case kUtilityBatchAdd:
+        return Make<BatchAdd>(std::move(world));
+    default:
+        return {};
+    }
+}
+
+} // namespace tv::fakes
