@@ -250,6 +250,10 @@ Number AsNumber(const ParsedNumber& parsed, VARTYPE type)
     if (parsed.whole && *parsed.whole <= kMost) {
         return -static_cast<int64_t>(*parsed.whole);
     }
+    if (parsed.whole && *parsed.whole > kMost + 1 && type == VT_I8) {
+        // Read as a double it may have been rounded to the lowest number of 64 bits.
+        return -std::numeric_limits<double>::infinity();
+    }
     return parsed.value;
 }
 
