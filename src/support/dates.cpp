@@ -7,7 +7,7 @@ namespace tv {
 namespace {
 
 constexpr double kSecondsOfDay = 86400.0;
-constexpr double kFirstDay = -657434.0; // 1 January 100
+constexpr double kFirstDay = -657434.0;  // 1 January 100
 constexpr double kEndOfDays = 2958466.0; // 1 January 10000
 
 /// Days from 1 March of year 0 to a date of the Gregorian calendar.
@@ -52,8 +52,7 @@ bool DayCountFromLocalTime(const LocalTime& time, double& dayCount)
     // A date that the calendar doesn't have rolls on, as the system lets it: 31 February is 3 March, and month 0 is the
     // December before.
     const bool isBefore = time.month == 0;
-    const int64_t days =
-        DaysFromMarch(isBefore ? year - 1 : year, isBefore ? 12 : time.month, time.day) - kDayZero;
+    const int64_t days = DaysFromMarch(isBefore ? year - 1 : year, isBefore ? 12 : time.month, time.day) - kDayZero;
     const double fraction = (time.hour * 3600.0 + time.minute * 60.0 + time.second) / kSecondsOfDay;
     dayCount = days < 0 ? static_cast<double>(days) - fraction : static_cast<double>(days) + fraction;
     return true;

@@ -62,10 +62,8 @@ std::u16string Widen(std::string_view ascii)
 class Formatter
 {
   public:
-    Formatter(std::u16string_view pattern, std::span<const FormatArgument> values)
-        : format(pattern), arguments(values)
-    {
-    }
+    Formatter(std::u16string_view pattern, std::span<const FormatArgument> values) : format(pattern), arguments(values)
+    {}
 
     std::u16string Run()
     {

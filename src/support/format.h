@@ -16,8 +16,7 @@ class FormatArgument
     template <std::integral Number>
     explicit FormatArgument(Number number)
         : kind(Kind::Number), bits(static_cast<uint64_t>(number)), isWide(sizeof(Number) > sizeof(int32_t))
-    {
-    }
+    {}
     explicit FormatArgument(double number) : kind(Kind::Float), real(number) {}
     explicit FormatArgument(std::u16string_view words) : kind(Kind::Text), text(words) {}
     explicit FormatArgument(const std::u16string& words) : kind(Kind::Text), text(words) {}
@@ -50,12 +49,12 @@ class FormatArgument
 
 std::u16string FormatArguments(std::u16string_view format, std::span<const FormatArgument> arguments);
 
-/// Builds a text as printf does. Conversions: %d %i %u %x %X %o %c %s %f %e %E %g %G %%, with the flags "-+ #0", width and
-/// precision as digits or "*". Size letters (h, l, ll, I64) are read and passed over: the argument knows its size, and a
-/// 32-bit argument prints as a 32-bit number whether it is signed or not. A format never makes the call unsafe: an
-/// argument of another type prints in its own way, and a conversion without an argument stands in the result as it is.
-template <typename... Arguments>
-std::u16string FormatText(std::u16string_view format, const Arguments&... arguments)
+/// Builds a text as printf does. Conversions: %d %i %u %x %X %o %c %s %f %e %E %g %G %%, with the flags "-+ #0", width
+/// and precision as digits or "*". Size letters (h, l, ll, I64) are read and passed over: the argument knows its size,
+/// and a 32-bit argument prints as a 32-bit number whether it is signed or not. A format never makes the call unsafe:
+/// an argument of another type prints in its own way, and a conversion without an argument stands in the result as it
+/// is.
+template <typename... Arguments> std::u16string FormatText(std::u16string_view format, const Arguments&... arguments)
 {
     if constexpr (sizeof...(arguments) == 0) {
         return FormatArguments(format, {});

@@ -14,8 +14,7 @@ namespace tv {
 
 /// Holds values in order. Nodes come from the system's task allocator. Destroying a list destroys its elements from the
 /// head on.
-template <typename T>
-class Lst
+template <typename T> class Lst
 {
     struct Node
     {
@@ -25,8 +24,7 @@ class Lst
     };
 
   public:
-    template <typename Value>
-    class Cursor
+    template <typename Value> class Cursor
     {
       public:
         using iterator_category = std::bidirectional_iterator_tag;
@@ -75,11 +73,9 @@ class Lst
     Lst(const Lst&) = delete;
     Lst& operator=(const Lst&) = delete;
     Lst(Lst&& other) noexcept
-        : head(std::exchange(other.head, nullptr)),
-          tail(std::exchange(other.tail, nullptr)),
+        : head(std::exchange(other.head, nullptr)), tail(std::exchange(other.tail, nullptr)),
           count(std::exchange(other.count, 0))
-    {
-    }
+    {}
     Lst& operator=(Lst&& other) noexcept
     {
         if (this != &other) {

@@ -6,8 +6,8 @@
 
 namespace tv {
 
-/// The text in the system's narrow code page; where the system has none, in Windows' Western European one. What the code
-/// page can't show becomes its default character, "?".
+/// The text in the system's narrow code page; where the system has none, in Windows' Western European one. What the
+/// code page can't show becomes its default character, "?".
 std::string NarrowText(std::u16string_view text);
 
 /// The text in code page 1252, whatever the system. Each 16-bit unit outside of it becomes "?".

@@ -27,12 +27,12 @@ std::u16string WithExtension(std::u16string_view path, std::u16string_view exten
 
 std::u16string WithoutTrailingBackslashes(std::u16string_view path);
 
-/// Appends as the shell does: a relative path, with or without leading backslashes, goes below `folder`; one with a drive
-/// letter or a UNC path replaces it. Dots in the result are resolved.
+/// Appends as the shell does: a relative path, with or without leading backslashes, goes below `folder`; one with a
+/// drive letter or a UNC path replaces it. Dots in the result are resolved.
 std::u16string AppendPath(std::u16string_view folder, std::u16string_view more);
 
-/// Resolves "." and ".." as the shell does. ".." doesn't leave the root of a drive or share. An empty result becomes "\",
-/// and a bare drive "C:" becomes "C:\".
+/// Resolves "." and ".." as the shell does. ".." doesn't leave the root of a drive or share. An empty result becomes
+/// "\", and a bare drive "C:" becomes "C:\".
 std::u16string CanonicalPath(std::u16string_view path);
 
 /// True for "\\server…".

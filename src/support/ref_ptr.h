@@ -34,8 +34,7 @@ class RefObj
 };
 
 /// Holds a counted object, or none. T counts by AddRef and Release, through RefObj or through an IUnknown of its own.
-template <typename T>
-class RefPtr
+template <typename T> class RefPtr
 {
   public:
     RefPtr() = default;

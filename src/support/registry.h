@@ -27,13 +27,14 @@ class Registry
 
     /// Reads a 32-bit number; a value of another type or size gives 13, and `number` stays.
     uint32_t ReadNumber(std::u16string_view name, uint32_t& number);
-    /// Reads a 32-bit number of either byte order. One of the big-endian type has its two 16-bit halves exchanged, which
-    /// is no byte swap, and those who store such values count on it. Any other type or size gives 13.
+    /// Reads a 32-bit number of either byte order. One of the big-endian type has its two 16-bit halves exchanged,
+    /// which is no byte swap, and those who store such values count on it. Any other type or size gives 13.
     uint32_t ReadNumberOfEitherOrder(std::u16string_view name, uint32_t& number);
     /// Reads a plain or an expandable text, the latter expanded. On failure `text` stays as it was.
     bool ReadString(std::u16string_view name, std::u16string& text);
-    /// Reads a terminated plain or expandable text as it is stored; 13 for anything else. `size` goes in as the capacity
-    /// in characters and comes out as the length with its terminator: 0 after a failure, and 0 for a value of no bytes.
+    /// Reads a terminated plain or expandable text as it is stored; 13 for anything else. `size` goes in as the
+    /// capacity in characters and comes out as the length with its terminator: 0 after a failure, and 0 for a value of
+    /// no bytes.
     uint32_t ReadStringInto(std::u16string_view name, char16_t* buffer, uint32_t& size);
     uint32_t WriteNumber(std::u16string_view name, uint32_t number);
     bool WriteString(std::u16string_view name, std::u16string_view text);

@@ -50,8 +50,7 @@ bool OpenOrCreate(Registry& key, KeyHandle parent, std::u16string_view path, uin
 
 SettingsLight::SettingsLight(RegistryService& service)
     : userKey(service), machineKey(service), machine32Key(service), machine64Key(service)
-{
-}
+{}
 
 Registry* SettingsLight::GetUserKey()
 {
@@ -107,9 +106,7 @@ bool SettingsLight::OpenVaultKey(std::u16string_view vaultName, Registry& key, s
     if (vaultName.empty()) {
         return false;
     }
-    const auto opens = [&](StandardKey side) {
-        return OpenVaultSide(side, vaultName, key, valueName, missing, flags);
-    };
+    const auto opens = [&](StandardKey side) { return OpenVaultSide(side, vaultName, key, valueName, missing, flags); };
     bool found = false;
     switch (flags & kModeMask) {
     case kMachineSideOnly:

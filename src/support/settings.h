@@ -42,8 +42,8 @@ class SettingsLight
     explicit SettingsLight(RegistryService& service);
     virtual ~SettingsLight() = default;
 
-    /// The current user's settings, for reading and writing, created when missing. Null when the key can't be had; a later
-    /// call tries again.
+    /// The current user's settings, for reading and writing, created when missing. Null when the key can't be had; a
+    /// later call tries again.
     Registry* GetUserKey();
     /// The machine's settings for reading, never created; null when there are none, and a later call tries again.
     Registry* GetMachineKey();
@@ -53,8 +53,8 @@ class SettingsLight
     /// Opens a branch. Both the machine's and the user's settings must be there.
     bool OpenStandardKey(StandardKey kind, Registry& key, MissingKey missing, uint32_t flags);
 
-    /// Opens the key of one vault, by the order of sides that the mode in `flags` states. With a value name a key counts
-    /// only if it holds that value; with an empty one the first key that opens is the result.
+    /// Opens the key of one vault, by the order of sides that the mode in `flags` states. With a value name a key
+    /// counts only if it holds that value; with an empty one the first key that opens is the result.
     bool OpenVaultKey(std::u16string_view vaultName, Registry& key, std::u16string_view valueName, MissingKey missing,
                       uint32_t flags);
 

@@ -28,8 +28,7 @@ class Str
     Str& operator=(std::u16string_view words);
 
     /// Builds the text as printf does and replaces the content, which may be among the arguments.
-    template <typename... Arguments>
-    void Format(std::u16string_view format, const Arguments&... arguments)
+    template <typename... Arguments> void Format(std::u16string_view format, const Arguments&... arguments)
     {
         SetText(FormatText(format, AsArgument(arguments)...));
     }
@@ -50,8 +49,7 @@ class Str
   private:
     static std::u16string_view AsArgument(const Str& argument) { return argument.text; }
     template <typename Argument>
-        requires(!std::derived_from<Argument, Str>)
-    static const Argument& AsArgument(const Argument& argument)
+    requires(!std::derived_from<Argument, Str>) static const Argument& AsArgument(const Argument& argument)
     {
         return argument;
     }

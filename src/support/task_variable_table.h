@@ -161,12 +161,12 @@ struct TaskVariable
 
 inline constexpr TaskVariable kTaskVariables[] = {
     // Task frame.
-    {variable::kType, VariableKind::Int, 3}, // absent: execute script
-    {variable::kScript, VariableKind::Text}, // absent: the run fails with E_UNEXPECTED
-    {variable::kTvVersion, VariableKind::Int, 0}, // absent: any installed version
+    {variable::kType, VariableKind::Int, 3},         // absent: execute script
+    {variable::kScript, VariableKind::Text},         // absent: the run fails with E_UNEXPECTED
+    {variable::kTvVersion, VariableKind::Int, 0},    // absent: any installed version
     {variable::kMenuCmdDisplay, VariableKind::Bool}, // absent: by task kind, see kTaskKinds
-    {variable::kSelectionList, VariableKind::Text}, // absent: the selected files can't be shown
-    {variable::kOutputList, VariableKind::Text}, // absent: the results can't be shown
+    {variable::kSelectionList, VariableKind::Text},  // absent: the selected files can't be shown
+    {variable::kOutputList, VariableKind::Text},     // absent: the results can't be shown
     // Conversion.
     {variable::kFileFormat, VariableKind::Text},
     {variable::kOutputPath, VariableKind::Text},

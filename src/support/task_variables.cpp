@@ -9,8 +9,7 @@ namespace tv {
 namespace {
 
 /// Calls `access` with whichever of the two stores the handle offers.
-template <typename Access>
-Result OnStore(IUnknown* handle, Access&& access)
+template <typename Access> Result OnStore(IUnknown* handle, Access&& access)
 {
     ComPtr<IVyxTaskProperties> properties;
     if (QueryFor(handle, properties) >= 0 && properties) {
@@ -23,8 +22,7 @@ Result OnStore(IUnknown* handle, Access&& access)
     return E_POINTER;
 }
 
-template <typename Store>
-Result ReadTaskKindFrom(IUnknown* handle, int32_t& kind)
+template <typename Store> Result ReadTaskKindFrom(IUnknown* handle, int32_t& kind)
 {
     ComPtr<Store> store;
     if (QueryFor(handle, store) < 0 || !store) {

@@ -1,5 +1,5 @@
-// Task variables: how every part of the program reads and writes what a task remembers. The list of all variables stands
-// in task_variable_table.h.
+// Task variables: how every part of the program reads and writes what a task remembers. The list of all variables
+// stands in task_variable_table.h.
 #pragma once
 
 #include "com/variant.h"
