@@ -15,6 +15,15 @@
 #include <oleauto.h>
 #include <olectl.h>
 #define TV_CALL STDMETHODCALLTYPE
+
+// The system's headers make macros of these names, which are operations of interfaces here. The system's own functions
+// are called by their full names, such as MoveFileW.
+#undef CopyFile
+#undef CreateDirectory
+#undef CreateMutex
+#undef DeleteFile
+#undef GetObject
+#undef MoveFile
 #else
 #include "com/portable_base.h"
 #define TV_CALL
