@@ -20,7 +20,7 @@ namespace tv {
 /// addIn->GetAddInInfo(&info, manager);
 /// addIn->OnCmd(&cmd, &data);
 /// \endcode
-class CTVTaskAddIn final : public ComObject<IVyxAddIn5, ITVTaskAddIn>
+class CTVTaskAddIn : public ComObject<IVyxAddIn5, ITVTaskAddIn, ITVTaskPreview>
 {
   public:
     /// \param services borrowed; must outlive the object
@@ -28,6 +28,9 @@ class CTVTaskAddIn final : public ComObject<IVyxAddIn5, ITVTaskAddIn>
 
     Result TV_CALL GetAddInInfo(VyxAddInInfo* info, IVyxCmdMgr* cmdMgr) override;
     Result TV_CALL OnCmd(VyxCmd* cmd, SAFEARRAY** data) override;
+
+    Result TV_CALL GetMacroText(IVyxVault* vault, IVyxTaskInstance* instance, const VyxCmdData* file,
+                                BStr* text) override;
 
     HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) override;
     HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT index, LCID locale, ITypeInfo** info) override;
@@ -37,14 +40,22 @@ class CTVTaskAddIn final : public ComObject<IVyxAddIn5, ITVTaskAddIn>
                                      VARIANT* result, EXCEPINFO* exception, UINT* badArgument) override;
 
   private:
+    using Handler = Result (CTVTaskAddIn::*)(IVyxVault& vault, VyxCmd& cmd, SAFEARRAY* data);
+    struct Command
+    {
+        int32_t type;
+        Handler handler;
+    };
+    static const Command kCommands[];
+
     void* FindInterface(REFIID id) override;
 
-    Result OnTaskSetup(IVyxVault& vault, VyxCmd& cmd);
-    Result OnTaskSetupButton(IVyxVault& vault, VyxCmd& cmd);
-    Result OnTaskDetails(IVyxVault& vault, VyxCmd& cmd);
+    Result OnTaskSetup(IVyxVault& vault, VyxCmd& cmd, SAFEARRAY* data);
+    Result OnTaskSetupButton(IVyxVault& vault, VyxCmd& cmd, SAFEARRAY* data);
+    Result OnTaskDetails(IVyxVault& vault, VyxCmd& cmd, SAFEARRAY* data);
     Result OnTaskRun(IVyxVault& vault, VyxCmd& cmd, SAFEARRAY* data);
     Result OnTaskLaunch(IVyxVault& vault, VyxCmd& cmd, SAFEARRAY* data);
-    Result OnTaskLaunchButton(IVyxVault& vault, VyxCmd& cmd);
+    Result OnTaskLaunchButton(IVyxVault& vault, VyxCmd& cmd, SAFEARRAY* data);
 
     Platform& platform;
     int32_t taskKind = 0;
