@@ -1,0 +1,49 @@
+// What the application's macros reach: its objects, its names, declared functions of the system.
+#pragma once
+
+#include "cad/objects.h"
+#include "macro/macro.h"
+
+#include <functional>
+#include <map>
+#include <string>
+
+namespace tv::app {
+
+/// The application's type library as macros name it.
+class MacroLibrary : public macro::Library
+{
+  public:
+    std::optional<macro::Value> Constant(std::u16string_view name) const override;
+    bool HasGlobal(std::u16string_view name) const override;
+    bool HasLibrary(std::u16string_view name) const override;
+    bool HasType(std::u16string_view name) const override;
+    bool HasEnumeration(std::u16string_view name) const override;
+};
+
+class MacroHost : public macro::Host
+{
+  public:
+    /// \param localTime gives the days since 30 December 1899
+    /// \param showMessage shows a message box and returns the pressed button's number
+    MacroHost(ObjectContext& context, macro::FileSystem& files, std::function<double()> localTime,
+              std::function<int32_t(const std::u16string& prompt, int32_t buttons, const std::u16string& title)>
+                  showMessage);
+
+    macro::Value Global(std::u16string_view foldedName) override;
+    macro::Ref<macro::Object> CreateObject(std::u16string_view progId) override;
+    const macro::ExternalFunction* FindFunction(std::u16string_view library, std::u16string_view entry) override;
+    macro::FileSystem& Files() override { return files; }
+    double Now() override { return now(); }
+    int32_t MessageBox(const std::u16string& prompt, int32_t buttons, const std::u16string& title) override;
+    void DebugPrint(const std::u16string& line) override;
+
+  private:
+    ObjectContext& context;
+    macro::FileSystem& files;
+    std::function<double()> now;
+    std::function<int32_t(const std::u16string&, int32_t, const std::u16string&)> messageBox;
+    std::map<std::u16string, macro::ExternalFunction> functions;
+};
+
+} // namespace tv::app
