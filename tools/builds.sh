@@ -26,7 +26,7 @@ configure() {
     if command -v ccache >/dev/null; then
         launcher=(-DCMAKE_C_COMPILER_LAUNCHER=ccache -DCMAKE_CXX_COMPILER_LAUNCHER=ccache)
     fi
-    fetch_libraries
+    fetch_libraries || return
     step "Configuring $preset" "$build_folder/logs/configure_$preset.log" \
         cmake -S "$root" --preset "$preset" "${launcher[@]}"
 }
