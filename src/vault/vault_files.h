@@ -13,6 +13,8 @@
 
 namespace tv {
 
+struct VaultPlace;
+
 /// How much a selection is prepared.
 enum class VaultWork
 {
@@ -81,26 +83,28 @@ class VaultFiles
     int32_t Kind() const { return kind; }
 
   private:
-    struct VaultPlace;
-
-    void AddFolder(IVyxFolder* folder, SelectedFiles& list);
-    void AddFilesOfFolder(IVyxFolder* folder, SelectedFiles& list);
+    void AddElement(const VyxCmdData& element, IVyxVault* vaultOfCommand, SelectedFiles& list);
+    void AddFolder(IVyxFolder& folder, SelectedFiles& list);
+    void AddFilesOfFolder(IVyxFolder& folder, SelectedFiles& list);
     void FetchLocalCopies(IVyxTaskInstance* instance, IVyxVault* vaultOfCommand, const SelectedFiles& list);
     void TakeLatestVersions(const SelectedFiles& list);
 
-    Result FindFile(std::u16string_view path, VaultPlace& place);
-    void ClearTheWay(std::u16string_view path);
-    Result PrepareReplacement(const VaultPlace& place, TaskFile& output);
-    Result PrepareNewVersion(const VaultPlace& place, TaskFile& output);
+    bool IsKnownOutput(std::u16string_view path) const;
     bool StartsWithRoot(std::u16string_view path) const;
+    bool StandsOnDisk(const TaskFile& output);
+    void ClearTheWay(const std::u16string& path);
+    Result PrepareVaultFile(const VaultPlace& place, TaskFile& output);
+    void RemoveFromVault(const VaultPlace& place, TaskFile& output);
+    void CheckOutForNewVersion(const VaultPlace& place, TaskFile& output);
 
     Result AddNewOutputs(IVyxVault* vaultOfRun, TaskScript& script);
-    Result QueueNewOutputs(IVyxBatchAdd& batch, TaskScript& script, int32_t& queued);
-    Result TakeAddResult(const VyxAddResult& added, TaskScript& script);
-    Result CheckIn(IVyxVault* vaultOfRun, TaskScript& script);
-    Result CreateSourceReferences(IVyxTaskInstance* instance);
+    int32_t QueueNewOutputs(IVyxBatchAdd& batch, TaskScript& script);
+    void TakeAddResult(const VyxAddResult& added, TaskScript& script);
+    void FillIdsFromVault(const std::u16string& path, VyxSelectionPair& ids);
+    std::vector<VyxSelectionPair> PairsInVault() const;
     Result UpdateFileCards(IVyxTaskInstance* instance);
-    Result AddLogToVault(std::u16string_view path, VyxSelectionPair& ids);
+    Result CreateSourceReferences(IVyxTaskInstance* instance);
+    Result CheckInOutputs(IVyxVault* vaultOfRun, TaskScript& script);
 
     Platform& platform;
     TaskFile* current = nullptr;

@@ -1,0 +1,136 @@
+#include "vault/file_list.h"
+
+#include "com/result.h"
+#include "support/numbers.h"
+#include "vault/utf8.h"
+
+#include <pugixml.hpp>
+
+namespace tv {
+
+namespace {
+
+constexpr int32_t kConvert = 1;
+constexpr int32_t kPrint = 2;
+
+void AppendElement(pugi::xml_node record, const char* name, const std::string& text)
+{
+    pugi::xml_node element = record.append_child(name);
+    if (!text.empty()) {
+        element.text().set(text.c_str());
+    }
+}
+
+void AppendPlace(pugi::xml_node record, const TaskFile& file)
+{
+    AppendElement(record, "doc_id", std::to_string(file.fileId));
+    AppendElement(record, "proj_id", std::to_string(file.folderId));
+    AppendElement(record, "path", ToUtf8(file.path));
+    AppendElement(record, "ver", std::to_string(file.version));
+}
+
+void AppendRecord(pugi::xml_node root, const TaskFile& file, int32_t taskKind)
+{
+    pugi::xml_node record = root.append_child("sel");
+    if (file.source == nullptr) {
+        AppendPlace(record, file);
+        return;
+    }
+    AppendPlace(record, *file.source);
+    AppendElement(record, "conf", ToUtf8(file.outputConf));
+    if (taskKind == kConvert) {
+        AppendElement(record, "extra", ToUtf8(file.path));
+    } else if (taskKind == kPrint && file.isPrinted) {
+        AppendElement(record, "extra", ToUtf8(file.extra));
+    }
+}
+
+class Utf8Writer final : public pugi::xml_writer
+{
+  public:
+    void write(const void* data, size_t size) override { bytes.append(static_cast<const char*>(data), size); }
+    std::string bytes;
+};
+
+struct TextElement
+{
+    std::string_view name;
+    std::u16string TaskFile::* field;
+};
+
+constexpr TextElement kTextElements[] = {
+    {"path", &TaskFile::path},
+    {"conf", &TaskFile::conf},
+    {"extra", &TaskFile::extra},
+};
+
+struct NumberElement
+{
+    std::string_view name;
+    int32_t TaskFile::* field;
+};
+
+constexpr NumberElement kNumberElements[] = {
+    {"ver", &TaskFile::version},
+    {"doc_id", &TaskFile::fileId},
+    {"proj_id", &TaskFile::folderId},
+};
+
+std::u16string TextIn(pugi::xml_node element)
+{
+    std::string text;
+    for (pugi::xml_node part : element.children()) {
+        text += part.value();
+    }
+    return FromUtf8(text);
+}
+
+void ReadElement(pugi::xml_node element, TaskFile& file)
+{
+    for (const TextElement& row : kTextElements) {
+        if (row.name == element.name()) {
+            file.*row.field = TextIn(element);
+        }
+    }
+    for (const NumberElement& row : kNumberElements) {
+        if (row.name == element.name()) {
+            file.*row.field = ParseDecimal(TextIn(element));
+        }
+    }
+}
+
+} // namespace
+
+std::u16string FileListText(const std::vector<TaskFile>& files, int32_t taskKind)
+{
+    pugi::xml_document document;
+    pugi::xml_node root = document.append_child("sels");
+    for (const TaskFile& file : files) {
+        if (!file.isLog) {
+            AppendRecord(root, file, taskKind);
+        }
+    }
+    Utf8Writer writer;
+    root.print(writer, "", pugi::format_raw | pugi::format_no_declaration, pugi::encoding_utf8);
+    return FromUtf8(writer.bytes);
+}
+
+void ParseFileList(std::u16string_view text, std::vector<TaskFile>& files)
+{
+    const std::string bytes = ToUtf8(text);
+    pugi::xml_document document;
+    // A name may consist of blanks.
+    constexpr unsigned int kOptions = pugi::parse_default | pugi::parse_ws_pcdata_single;
+    if (!document.load_buffer(bytes.data(), bytes.size(), kOptions, pugi::encoding_utf8)) {
+        throw ResultError(E_FAIL);
+    }
+    for (pugi::xml_node record : document.document_element().children("sel")) {
+        TaskFile file;
+        for (pugi::xml_node element : record.children()) {
+            ReadElement(element, file);
+        }
+        files.push_back(std::move(file));
+    }
+}
+
+} // namespace tv
