@@ -55,7 +55,8 @@ class FakeOutputFile final : public OutputFile
         files.log.Note("files.Close", path);
         --files.openCount;
         if (FakeFiles::Entry* entry = files.Find(path)) {
-            entry->isOpen = false;
+            --entry->openings;
+            entry->isOpenAlone = false;
         }
     }
 
@@ -102,7 +103,7 @@ FakeFiles::Entry& FakeFiles::Put(std::u16string_view path, bool isFolder)
 {
     const std::u16string plain = Plain(path);
     Entry& entry = entries[plain];
-    entry = Entry{plain, isFolder, false, false, {}};
+    entry = Entry{plain, isFolder, false, false, 0, {}};
     return entry;
 }
 
@@ -129,7 +130,7 @@ uint32_t FakeFiles::ErrorOfExistingFile(std::u16string_view path)
     if (entry->isFolder) {
         return kErrorAccessDenied;
     }
-    return entry->isOpen ? kErrorSharingViolation : kErrorSuccess;
+    return kErrorSuccess;
 }
 
 bool FakeFiles::FileExists(std::u16string_view path)
@@ -163,6 +164,9 @@ uint32_t FakeFiles::DeleteFile(std::u16string_view path)
     if (Find(path)->isReadOnly) {
         return kErrorAccessDenied;
     }
+    if (Find(path)->openings > 0) {
+        return kErrorSharingViolation;
+    }
     entries.erase(Plain(path));
     return kErrorSuccess;
 }
@@ -180,6 +184,9 @@ uint32_t FakeFiles::MoveFile(std::u16string_view from, std::u16string_view to)
     }
     if (Find(to) != nullptr && Find(to) != Find(from)) {
         return kErrorAlreadyExists;
+    }
+    if (Find(from)->openings > 0) {
+        return kErrorSharingViolation;
     }
     Entry moved = std::move(*Find(from));
     entries.erase(Plain(from));
@@ -199,11 +206,14 @@ uint32_t FakeFiles::CopyFile(std::u16string_view from, std::u16string_view to)
     if (const uint32_t error = ErrorOfNewName(to)) {
         return error;
     }
+    if (Find(from)->isOpenAlone) {
+        return kErrorSharingViolation;
+    }
     if (const Entry* target = Find(to)) {
         if (target->isFolder || target->isReadOnly) {
             return kErrorAccessDenied;
         }
-        if (target->isOpen || target == Find(from)) {
+        if (target->openings > 0 || target == Find(from)) {
             return kErrorSharingViolation;
         }
     }
@@ -237,9 +247,9 @@ std::unique_ptr<OutputFile> FakeFiles::OpenForAppend(std::u16string_view path)
     }
     Entry* entry = Find(path);
     if (entry == nullptr) {
-        return ErrorOfNewName(path) != kErrorSuccess ? nullptr : Open(Put(path, false), true);
+        return ErrorOfNewName(path) != kErrorSuccess ? nullptr : OpenShared(Put(path, false));
     }
-    return entry->isFolder || entry->isReadOnly || entry->isOpen ? nullptr : Open(*entry, true);
+    return entry->isFolder || entry->isReadOnly || entry->isOpenAlone ? nullptr : OpenShared(*entry);
 }
 
 uint32_t FakeFiles::CreateTemporaryFile(std::u16string_view prefix, std::unique_ptr<OutputFile>& file)
@@ -249,15 +259,23 @@ uint32_t FakeFiles::CreateTemporaryFile(std::u16string_view prefix, std::unique_
     }
     const std::u16string path =
         AppendPath(kTemporaryFolder, FormatText(u"%s%04X.tmp", prefix.substr(0, 3), ++lastTemporary));
-    file = Open(Put(path, false), false);
+    file = OpenAlone(Put(path, false));
     return kErrorSuccess;
 }
 
-std::unique_ptr<OutputFile> FakeFiles::Open(Entry& entry, bool isTextMode)
+std::unique_ptr<OutputFile> FakeFiles::OpenShared(Entry& entry)
 {
-    entry.isOpen = true;
+    ++entry.openings;
     ++openCount;
-    return std::make_unique<FakeOutputFile>(*this, entry.path, isTextMode);
+    return std::make_unique<FakeOutputFile>(*this, entry.path, true);
+}
+
+std::unique_ptr<OutputFile> FakeFiles::OpenAlone(Entry& entry)
+{
+    ++entry.openings;
+    ++openCount;
+    entry.isOpenAlone = true;
+    return std::make_unique<FakeOutputFile>(*this, entry.path, false);
 }
 
 std::string FakeFiles::NarrowText(std::u16string_view text)

@@ -11,7 +11,8 @@
 namespace tv::fakes {
 
 /// Paths compare without regard to case; slashes are backslashes. The drive "C:" is there with the folder "C:\Temp",
-/// where temporary files go. A file that is open for itself alone can't be moved, copied, deleted or opened again.
+/// where temporary files go. A file that is open can't be moved or deleted; a temporary one can't be copied or opened
+/// again either.
 class FakeFiles final : public FileService
 {
   public:
@@ -50,7 +51,8 @@ class FakeFiles final : public FileService
         std::u16string path; ///< as it was first written
         bool isFolder = false;
         bool isReadOnly = false;
-        bool isOpen = false;
+        bool isOpenAlone = false; ///< open, and shared with nobody
+        size_t openings = 0;
         std::string bytes;
     };
 
@@ -59,7 +61,8 @@ class FakeFiles final : public FileService
     Entry& Put(std::u16string_view path, bool isFolder);
     uint32_t ErrorOfNewName(std::u16string_view path);
     uint32_t ErrorOfExistingFile(std::u16string_view path);
-    std::unique_ptr<OutputFile> Open(Entry& entry, bool isTextMode);
+    std::unique_ptr<OutputFile> OpenShared(Entry& entry);
+    std::unique_ptr<OutputFile> OpenAlone(Entry& entry);
 
     CallLog& log;
     std::map<std::u16string, Entry, LessIgnoringCase> entries;

@@ -1,0 +1,43 @@
+// RealWorld: the machine that the tests run on, and a place of their own in it that is cleaned up afterwards.
+#pragma once
+
+#include "platform/win32/win32_platform.h"
+
+#include <string>
+#include <thread>
+#include <vector>
+
+namespace tv {
+
+class RealWorld
+{
+  public:
+    RealWorld();
+    RealWorld(const RealWorld&) = delete;
+    RealWorld& operator=(const RealWorld&) = delete;
+    ~RealWorld();
+
+    Platform& Services() { return machine.Get(); }
+    std::u16string Folder() const { return folder; }
+    std::string Content(std::u16string_view path);
+    void SetReadOnly(std::u16string_view path);
+    void SetEnvironment(std::u16string_view name, std::u16string_view value);
+    std::u16string RegistryPath() const { return u"Software\\TorvaneContract"; }
+    std::u16string PipeName() const;
+    /// Answers the first message with itself, on a thread of its own.
+    void ListenForOneMessage();
+    std::u16string LongRunningCommand() const;
+    WindowHandle AddWindow(const std::u16string& title, WindowHandle owner);
+    void CloseWindow(WindowHandle window);
+    uint32_t OwnProcess() const;
+    void Register(std::u16string_view name, IUnknown* object);
+    void UseRealThreads() {}
+
+  private:
+    win32::Win32Platform machine;
+    std::u16string folder;
+    std::thread server;
+    std::vector<uint32_t> registrations;
+};
+
+} // namespace tv

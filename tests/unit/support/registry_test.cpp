@@ -1,0 +1,333 @@
+#include "support/registry.h"
+
+#include "fakes/platform/fake_platform.h"
+
+#include <gtest/gtest.h>
+
+namespace tv {
+namespace {
+
+constexpr std::u16string_view kPath = u"Software\\Torvane\\Test";
+
+std::vector<uint8_t> Utf16(std::u16string_view text)
+{
+    std::vector<uint8_t> bytes;
+    for (char16_t unit : text) {
+        bytes.push_back(static_cast<uint8_t>(unit));
+        bytes.push_back(static_cast<uint8_t>(unit >> 8));
+    }
+    return bytes;
+}
+
+class RegistryTest : public testing::Test
+{
+  protected:
+    void Put(std::u16string_view name, uint32_t type, std::vector<uint8_t> bytes)
+    {
+        machine.registry.PutValue(kCurrentUserRoot, kPath, name, {type, std::move(bytes)});
+    }
+
+    void SetUp() override
+    {
+        machine.registry.AddKey(kCurrentUserRoot, kPath);
+        ASSERT_EQ(key.Open(kCurrentUserRoot, kPath, kKeyReadWrite), kErrorSuccess);
+    }
+
+    fakes::FakePlatform machine;
+    Registry key{machine.registry};
+};
+
+TEST_F(RegistryTest, AKeyThatIsMissingCantBeOpened)
+{
+    EXPECT_EQ(key.Open(kCurrentUserRoot, u"Software\\Nothing", kKeyRead), 2u);
+    EXPECT_FALSE(key.IsOpen());
+    EXPECT_EQ(key.LastResult(), 2u);
+}
+
+TEST_F(RegistryTest, OpeningClosesTheKeyThatWasHeld)
+{
+    EXPECT_EQ(machine.registry.OpenCount(), 1u);
+    key.Open(kCurrentUserRoot, u"Software", kKeyRead);
+    EXPECT_EQ(machine.registry.OpenCount(), 1u);
+    key.Open(kCurrentUserRoot, u"Software\\Nothing", kKeyRead);
+    EXPECT_EQ(machine.registry.OpenCount(), 0u);
+}
+
+TEST_F(RegistryTest, CreatingClosesTheKeyThatWasHeld)
+{
+    EXPECT_EQ(key.Create(kCurrentUserRoot, u"Software\\New", kKeyReadWrite), 0u);
+    EXPECT_EQ(machine.registry.OpenCount(), 1u);
+    EXPECT_TRUE(machine.registry.KeyExists(kCurrentUserRoot, u"Software\\New"));
+}
+
+TEST_F(RegistryTest, TheViewBitsGoThrough)
+{
+    key.Open(kLocalMachineRoot, u"Software", kKeyRead | kKeyView32);
+    key.Open(kLocalMachineRoot, u"Software", kKeyRead | kKeyView64);
+    const std::vector<uint32_t> masks = machine.registry.AccessMasks();
+    EXPECT_EQ(masks.at(1), 0x20219u);
+    EXPECT_EQ(masks.at(2), 0x20119u);
+}
+
+TEST_F(RegistryTest, TheDestructorClosesTheKey)
+{
+    {
+        Registry other(machine.registry);
+        other.Open(kCurrentUserRoot, kPath, kKeyRead);
+        EXPECT_EQ(machine.registry.OpenCount(), 2u);
+    }
+    EXPECT_EQ(machine.registry.OpenCount(), 1u);
+}
+
+TEST_F(RegistryTest, ClosingTwiceIsNoFailure)
+{
+    EXPECT_EQ(key.Close(), 0u);
+    EXPECT_EQ(key.Close(), 0u);
+    EXPECT_FALSE(key.IsOpen());
+}
+
+TEST_F(RegistryTest, AClosedKeyAnswersWithAnError)
+{
+    key.Close();
+    uint32_t number = 7;
+    std::u16string text = u"old";
+    EXPECT_EQ(key.ReadNumber(u"n", number), 6u);
+    EXPECT_FALSE(key.ReadString(u"n", text));
+    EXPECT_EQ(key.WriteNumber(u"n", 1), 6u);
+    EXPECT_FALSE(key.WriteString(u"n", u"x"));
+    EXPECT_EQ(number, 7u);
+    EXPECT_EQ(text, u"old");
+}
+
+TEST_F(RegistryTest, ATransactionOpensTheKeyWhenTheSystemHasOne)
+{
+    EXPECT_EQ(key.Open(kCurrentUserRoot, kPath, kKeyRead, 0x55), 0u);
+    EXPECT_TRUE(key.IsOpen());
+}
+
+TEST_F(RegistryTest, ATransactionGives1WhereTheSystemHasNone)
+{
+    machine.registry.SetHasTransactions(false);
+    EXPECT_EQ(key.Open(kCurrentUserRoot, kPath, kKeyRead, 0x55), 1u);
+    EXPECT_FALSE(key.IsOpen());
+    EXPECT_EQ(key.Open(kCurrentUserRoot, kPath, kKeyRead, kNoTransaction), 0u);
+}
+
+TEST_F(RegistryTest, ANumberIsWrittenAndRead)
+{
+    EXPECT_EQ(key.WriteNumber(u"n", 0x12345678), 0u);
+    uint32_t number = 0;
+    EXPECT_EQ(key.ReadNumber(u"N", number), 0u);
+    EXPECT_EQ(number, 0x12345678u);
+    EXPECT_EQ(machine.registry.Value(kCurrentUserRoot, kPath, u"n")->type, 4u);
+}
+
+TEST_F(RegistryTest, AMissingNumberStays)
+{
+    uint32_t number = 7;
+    EXPECT_EQ(key.ReadNumber(u"n", number), 2u);
+    EXPECT_EQ(number, 7u);
+}
+
+TEST_F(RegistryTest, AValueOfAnotherTypeIsNoNumber)
+{
+    uint32_t number = 7;
+    Put(u"binary", kRegBinary, {1, 0, 0, 0});
+    EXPECT_EQ(key.ReadNumber(u"binary", number), 13u);
+    Put(u"big", kRegNumberBigEndian, {0, 0, 0, 1});
+    EXPECT_EQ(key.ReadNumber(u"big", number), 13u);
+    Put(u"text", kRegString, Utf16(u"a long text"));
+    EXPECT_EQ(key.ReadNumber(u"text", number), 13u);
+    EXPECT_EQ(number, 7u);
+    EXPECT_EQ(key.LastResult(), 13u);
+}
+
+TEST_F(RegistryTest, ANumberOfAnotherSizeIsNone)
+{
+    uint32_t number = 7;
+    Put(u"short", kRegNumber, {1, 0});
+    EXPECT_EQ(key.ReadNumber(u"short", number), 13u);
+    Put(u"long", kRegNumber, {1, 0, 0, 0, 0, 0, 0, 0});
+    EXPECT_EQ(key.ReadNumber(u"long", number), 13u);
+    EXPECT_EQ(number, 7u);
+}
+
+TEST_F(RegistryTest, ABigEndianNumberHasItsHalvesExchanged)
+{
+    uint32_t number = 0;
+    Put(u"big", kRegNumberBigEndian, {0x01, 0x00, 0x00, 0x00});
+    EXPECT_EQ(key.ReadNumberOfEitherOrder(u"big", number), 0u);
+    EXPECT_EQ(number, 0x10000u);
+    Put(u"big", kRegNumberBigEndian, {0x44, 0x33, 0x22, 0x11});
+    EXPECT_EQ(key.ReadNumberOfEitherOrder(u"big", number), 0u);
+    EXPECT_EQ(number, 0x33441122u);
+    Put(u"plain", kRegNumber, {0x44, 0x33, 0x22, 0x11});
+    EXPECT_EQ(key.ReadNumberOfEitherOrder(u"plain", number), 0u);
+    EXPECT_EQ(number, 0x11223344u);
+}
+
+TEST_F(RegistryTest, ANumberOfEitherOrderHasFourBytesAndANumbersType)
+{
+    uint32_t number = 7;
+    Put(u"short", kRegNumberBigEndian, {1, 0});
+    EXPECT_EQ(key.ReadNumberOfEitherOrder(u"short", number), 13u);
+    Put(u"long", kRegNumber, {1, 0, 0, 0, 0});
+    EXPECT_EQ(key.ReadNumberOfEitherOrder(u"long", number), 13u);
+    Put(u"binary", kRegBinary, {1, 0, 0, 0});
+    EXPECT_EQ(key.ReadNumberOfEitherOrder(u"binary", number), 13u);
+    EXPECT_EQ(key.ReadNumberOfEitherOrder(u"missing", number), 2u);
+    EXPECT_EQ(number, 7u);
+}
+
+TEST_F(RegistryTest, ATextIsWrittenWithItsTerminator)
+{
+    EXPECT_TRUE(key.WriteString(u"t", u"ab"));
+    const auto value = machine.registry.Value(kCurrentUserRoot, kPath, u"t");
+    EXPECT_EQ(value->type, 1u);
+    EXPECT_EQ(value->bytes, (std::vector<uint8_t>{'a', 0, 'b', 0, 0, 0}));
+    std::u16string text;
+    EXPECT_TRUE(key.ReadString(u"t", text));
+    EXPECT_EQ(text, u"ab");
+}
+
+TEST_F(RegistryTest, ATextWithoutATerminatorIsRead)
+{
+    Put(u"t", kRegString, Utf16(u"abc"));
+    std::u16string text;
+    EXPECT_TRUE(key.ReadString(u"t", text));
+    EXPECT_EQ(text, u"abc");
+}
+
+TEST_F(RegistryTest, ATextOfAnOddSizeIsReadWithoutAnOverrun)
+{
+    Put(u"t", kRegString, {'a', 0, 'b', 0, 'c'});
+    std::u16string text;
+    EXPECT_TRUE(key.ReadString(u"t", text));
+    EXPECT_EQ(text, u"abc");
+    Put(u"one", kRegString, {'x'});
+    EXPECT_TRUE(key.ReadString(u"one", text));
+    EXPECT_EQ(text, u"x");
+}
+
+TEST_F(RegistryTest, ATextOfNoBytesIsEmpty)
+{
+    Put(u"t", kRegString, {});
+    std::u16string text = u"old";
+    EXPECT_TRUE(key.ReadString(u"t", text));
+    EXPECT_EQ(text, u"");
+}
+
+TEST_F(RegistryTest, AnExpandableTextIsExpanded)
+{
+    machine.registry.SetEnvironment(u"ProgramFiles", u"C:\\Program Files");
+    Put(u"t", kRegExpandString, Utf16(std::u16string_view(u"%programfiles%\\Torvane\0", 23)));
+    std::u16string text;
+    EXPECT_TRUE(key.ReadString(u"t", text));
+    EXPECT_EQ(text, u"C:\\Program Files\\Torvane");
+}
+
+TEST_F(RegistryTest, AnExpansionThatFailsFailsTheRead)
+{
+    Put(u"t", kRegExpandString, Utf16(u"%a%"));
+    machine.log.FailNth("registry.ExpandEnvironment", 1);
+    std::u16string text = u"old";
+    EXPECT_FALSE(key.ReadString(u"t", text));
+    EXPECT_EQ(text, u"old");
+}
+
+TEST_F(RegistryTest, ReadingANumberAsATextLeavesTheTextAsItWas)
+{
+    key.WriteNumber(u"n", 5);
+    std::u16string text = u"old";
+    EXPECT_FALSE(key.ReadString(u"n", text));
+    EXPECT_EQ(text, u"old");
+    EXPECT_FALSE(key.ReadString(u"missing", text));
+    EXPECT_EQ(text, u"old");
+}
+
+TEST_F(RegistryTest, AReadThatFailsAfterTheSizeIsKnownLeavesTheTextAsItWas)
+{
+    key.WriteString(u"t", u"new");
+    machine.log.FailNth("registry.QueryValue", 2);
+    std::u16string text = u"old";
+    EXPECT_FALSE(key.ReadString(u"t", text));
+    EXPECT_EQ(text, u"old");
+    EXPECT_EQ(key.LastResult(), 5u);
+}
+
+TEST_F(RegistryTest, ATextIsReadIntoABufferWithItsLengthAndTerminator)
+{
+    key.WriteString(u"t", u"abc");
+    char16_t buffer[8] = {};
+    uint32_t size = 8;
+    EXPECT_EQ(key.ReadStringInto(u"t", buffer, size), 0u);
+    EXPECT_EQ(std::u16string_view(buffer), u"abc");
+    EXPECT_EQ(size, 4u);
+}
+
+TEST_F(RegistryTest, AnExpandableTextIsReadIntoABufferAsItIsStored)
+{
+    Put(u"t", kRegExpandString, Utf16(std::u16string_view(u"%a%\0", 4)));
+    char16_t buffer[8] = {};
+    uint32_t size = 8;
+    EXPECT_EQ(key.ReadStringInto(u"t", buffer, size), 0u);
+    EXPECT_EQ(std::u16string_view(buffer), u"%a%");
+}
+
+TEST_F(RegistryTest, ABufferThatIsTooSmallGivesMoreDataAndALengthOfZero)
+{
+    key.WriteString(u"t", u"abc");
+    char16_t buffer[3] = {};
+    uint32_t size = 3;
+    EXPECT_EQ(key.ReadStringInto(u"t", buffer, size), 234u);
+    EXPECT_EQ(size, 0u);
+    size = 0;
+    EXPECT_EQ(key.ReadStringInto(u"t", buffer, size), 234u);
+}
+
+TEST_F(RegistryTest, ATextInABufferMustBeTerminatedAndOfATextType)
+{
+    char16_t buffer[8] = {};
+    uint32_t size = 8;
+    Put(u"open", kRegString, Utf16(u"abc"));
+    EXPECT_EQ(key.ReadStringInto(u"open", buffer, size), 13u);
+    EXPECT_EQ(size, 0u);
+    size = 8;
+    Put(u"odd", kRegString, {'a', 0, 0});
+    EXPECT_EQ(key.ReadStringInto(u"odd", buffer, size), 13u);
+    size = 8;
+    key.WriteNumber(u"n", 0);
+    EXPECT_EQ(key.ReadStringInto(u"n", buffer, size), 13u);
+    size = 8;
+    EXPECT_EQ(key.ReadStringInto(u"missing", buffer, size), 2u);
+    EXPECT_EQ(size, 0u);
+}
+
+TEST_F(RegistryTest, AValueOfNoBytesIsAnEmptyTextOfLengthZero)
+{
+    Put(u"t", kRegString, {});
+    char16_t buffer[2] = {u'x', u'x'};
+    uint32_t size = 2;
+    EXPECT_EQ(key.ReadStringInto(u"t", buffer, size), 0u);
+    EXPECT_EQ(buffer[0], u'\0');
+    EXPECT_EQ(size, 0u);
+}
+
+TEST_F(RegistryTest, TheDefaultValueHasAnEmptyName)
+{
+    key.WriteString(u"", u"default");
+    std::u16string text;
+    EXPECT_TRUE(key.ReadString(u"", text));
+    EXPECT_EQ(text, u"default");
+}
+
+TEST_F(RegistryTest, AKeyOpenedForReadingRefusesToBeWritten)
+{
+    key.Open(kCurrentUserRoot, kPath, kKeyRead);
+    EXPECT_EQ(key.WriteNumber(u"n", 1), 5u);
+    EXPECT_FALSE(key.WriteString(u"t", u"x"));
+    EXPECT_EQ(key.LastResult(), 5u);
+}
+
+} // namespace
+} // namespace tv
