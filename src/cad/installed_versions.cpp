@@ -35,8 +35,8 @@ std::u16string ReadUncheckedText(RegistryService& registry, KeyHandle key, std::
     if (read != kErrorSuccess || (type != kRegString && type != kRegExpandString)) {
         return {};
     }
-    const auto end = buffer.begin() + std::min<uint32_t>(size / sizeof(char16_t), kTextCapacity);
-    return std::u16string(buffer.begin(), std::find(buffer.begin(), end, u'\0'));
+    const std::u16string text(buffer.data(), std::min<size_t>(size / sizeof(char16_t), kTextCapacity));
+    return text.substr(0, text.find(u'\0'));
 }
 
 std::u16string ReadDefaultText(RegistryService& registry, std::u16string_view keyPath)
