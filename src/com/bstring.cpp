@@ -37,8 +37,7 @@ BStr AllocateText(std::u16string_view text)
     if (text.size() > std::numeric_limits<uint32_t>::max() / sizeof(char16_t)) {
         throw std::bad_alloc();
     }
-    BSTR allocated =
-        SysAllocStringLen(reinterpret_cast<const OLECHAR*>(text.data()), static_cast<UINT>(text.size()));
+    BSTR allocated = SysAllocStringLen(reinterpret_cast<const OLECHAR*>(text.data()), static_cast<UINT>(text.size()));
     if (allocated == nullptr) {
         throw std::bad_alloc();
     }

@@ -32,8 +32,7 @@ HRESULT SetText(VARIANT* to, std::u16string_view text)
 }
 
 /// Stores a whole number in an integer kind that has to have room for it.
-template <typename Target, typename Whole>
-HRESULT StoreWhole(Target* to, Whole value)
+template <typename Target, typename Whole> HRESULT StoreWhole(Target* to, Whole value)
 {
     if (!std::in_range<Target>(value)) {
         return DISP_E_OVERFLOW;
@@ -43,8 +42,7 @@ HRESULT StoreWhole(Target* to, Whole value)
 }
 
 /// Stores a real number in an integer kind; a half goes to the even neighbour.
-template <typename Target>
-HRESULT StoreRounded(Target* to, double value)
+template <typename Target> HRESULT StoreRounded(Target* to, double value)
 {
     const double rounded = std::nearbyint(value);
     // The limit above the largest value is a power of two and so exact, which the largest value itself need not be.
@@ -57,8 +55,7 @@ HRESULT StoreRounded(Target* to, double value)
     return S_OK;
 }
 
-template <typename Target>
-HRESULT StoreInteger(Target* to, const Number& number)
+template <typename Target> HRESULT StoreInteger(Target* to, const Number& number)
 {
     if (const double* real = std::get_if<double>(&number)) {
         return StoreRounded(to, *real);
@@ -233,6 +230,14 @@ Number PatternAsNumber(uint64_t pattern, VARTYPE type)
         return pattern <= 0xFFFFFFFFu ? Number(int64_t{static_cast<int32_t>(pattern)}) : Number(pattern);
     case VT_I8:
         return static_cast<int64_t>(pattern);
+    case VT_R4:
+    case VT_R8:
+    case VT_CY:
+    case VT_DATE:
+    case VT_BOOL:
+        // Kinds without bits of their own read the pattern as 32 bits.
+        return pattern <= 0xFFFFFFFFu ? Number(int64_t{static_cast<int32_t>(pattern)})
+                                      : Number(std::numeric_limits<double>::infinity());
     default:
         return pattern;
     }
@@ -286,9 +291,7 @@ HRESULT ChangeText(VARIANT* to, std::u16string_view text, VARTYPE type)
 {
     if (type == VT_DATE) {
         const std::optional<DATE> date = tv::portable::ParseDate(text);
-        if (date) {
-            return StoreDate(&to->date, *date);
-        }
+        return date ? StoreDate(&to->date, *date) : DISP_E_TYPEMISMATCH;
     }
     if (type == VT_BOOL) {
         if (const std::optional<bool> truth = TruthOfText(text)) {
@@ -296,7 +299,12 @@ HRESULT ChangeText(VARIANT* to, std::u16string_view text, VARTYPE type)
         }
     }
     const std::optional<ParsedNumber> parsed = tv::portable::ParseNumber(text);
-    return parsed ? StoreNumber(to, type, AsNumber(*parsed, type)) : DISP_E_TYPEMISMATCH;
+    if (!parsed) {
+        return DISP_E_TYPEMISMATCH;
+    }
+    const Number number = AsNumber(*parsed, type);
+    // Such a text is too large for any kind, truth included.
+    return std::isinf(AsDouble(number)) ? DISP_E_OVERFLOW : StoreNumber(to, type, number);
 }
 
 std::u16string TruthText(VARIANT_BOOL truth, USHORT flags)
@@ -373,8 +381,8 @@ HRESULT ChangeDefaultValue(VARIANT* to, const VARIANT& from, USHORT flags, VARTY
     DISPPARAMS none{};
     VARIANT value;
     VariantInit(&value);
-    HRESULT result = from.pdispVal->Invoke(DISPID_VALUE, kNoId, LOCALE_USER_DEFAULT, DISPATCH_PROPERTYGET, &none, &value,
-                                           nullptr, nullptr);
+    HRESULT result = from.pdispVal->Invoke(DISPID_VALUE, kNoId, LOCALE_USER_DEFAULT, DISPATCH_PROPERTYGET, &none,
+                                           &value, nullptr, nullptr);
     result = FAILED(result) ? DISP_E_TYPEMISMATCH : VariantChangeType(to, &value, flags, type);
     VariantClear(&value);
     return result;
@@ -385,6 +393,7 @@ bool IsTarget(VARTYPE type)
     switch (type) {
     case VT_EMPTY:
     case VT_NULL:
+    case VT_VARIANT:
     case VT_ERROR:
     case VT_BSTR:
     case VT_DISPATCH:
@@ -399,6 +408,12 @@ bool IsTarget(VARTYPE type)
 /// Changes a value that is no reference and of another kind than the wanted one.
 HRESULT Change(VARIANT* to, const VARIANT& from, USHORT flags, VARTYPE type)
 {
+    if (type == VT_EMPTY || type == VT_NULL) {
+        return from.vt == VT_NULL || from.vt == VT_ERROR ? DISP_E_TYPEMISMATCH : S_OK;
+    }
+    if (type == VT_ERROR || type == VT_VARIANT || from.vt == VT_NULL || from.vt == VT_ERROR) {
+        return DISP_E_TYPEMISMATCH;
+    }
     if (IsObject(from.vt) && IsObject(type)) {
         return ChangeObject(to, from, type);
     }

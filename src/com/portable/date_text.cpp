@@ -19,9 +19,9 @@ using std::chrono::year_month_day;
 constexpr sys_days kDayZero = sys_days{year{1899} / 12 / 30};
 constexpr int kSecondsOfDay = 24 * 60 * 60;
 
-constexpr std::array<std::u16string_view, 12> kMonths = {u"january", u"february", u"march",     u"april",
-                                                         u"may",     u"june",     u"july",      u"august",
-                                                         u"september", u"october", u"november", u"december"};
+constexpr std::array<std::u16string_view, 12> kMonths = {u"january",   u"february", u"march",    u"april",
+                                                         u"may",       u"june",     u"july",     u"august",
+                                                         u"september", u"october",  u"november", u"december"};
 
 std::u16string Number(int value, size_t digits)
 {
@@ -31,8 +31,8 @@ std::u16string Number(int value, size_t digits)
 
 std::u16string DayText(const year_month_day& date)
 {
-    return Number(static_cast<int>(unsigned{date.month()}), 1) + u'/' + Number(static_cast<int>(unsigned{date.day()}), 1) +
-           u'/' + Number(int{date.year()}, 4);
+    return Number(static_cast<int>(unsigned{date.month()}), 1) + u'/' +
+           Number(static_cast<int>(unsigned{date.day()}), 1) + u'/' + Number(int{date.year()}, 1);
 }
 
 std::u16string TimeText(int seconds)
@@ -155,8 +155,7 @@ class DateReader
     bool IsDaySeparator(size_t index) const { return IsMark(index, u'/') || IsMark(index, u'-'); }
     bool IsHalfOfDay(size_t index) const
     {
-        return IsKind(index, Token::Kind::Word) && (tokens[index].word == u"am" || tokens[index].word == u"pm" ||
-                                                    tokens[index].word == u"a" || tokens[index].word == u"p");
+        return IsKind(index, Token::Kind::Word) && (tokens[index].word == u"am" || tokens[index].word == u"pm");
     }
     bool IsTime() const { return IsNumber(at) && (IsMark(at + 1, u':') || IsHalfOfDay(at + 1)); }
 
@@ -175,10 +174,10 @@ class DateReader
         }
         if (IsHalfOfDay(at)) {
             const bool afternoon = tokens[at++].word.front() == u'p';
-            if (parts[0] == 0 || parts[0] > 12) {
-                return afternoon == false && parts[0] == 0 ? SetTime(parts) : false;
+            // An hour after twelve o'clock needs no such word, and one is read over.
+            if (parts[0] <= 12) {
+                parts[0] = parts[0] % 12 + (afternoon ? 12 : 0);
             }
-            parts[0] = parts[0] % 12 + (afternoon ? 12 : 0);
         }
         return SetTime(parts);
     }
@@ -207,12 +206,13 @@ class DateReader
         const Token second = tokens[at + 2];
         at += 3;
         if (!IsDaySeparator(at) || !IsNumber(at + 1)) {
-            return AmericanDay(ThisYear(), first.number, second.number);
+            return second.number > 31 ? DayNumber(FullYear(second), first.number, 1)
+                                      : AmericanDay(ThisYear(), first.number, second.number);
         }
         const Token third = tokens[at + 1];
         at += 2;
         if (first.length > 2 || first.number > 31) {
-            return DayNumber(FullYear(first), second.number, third.number);
+            return AmericanDay(FullYear(first), second.number, third.number);
         }
         return AmericanDay(FullYear(third), first.number, second.number);
     }
@@ -278,11 +278,10 @@ std::optional<std::u16string> DateText(DATE date, DateParts parts)
         ++dayNumber;
     }
     const year_month_day calendarDay{kDayZero + days{dayNumber}};
-    const bool showsTime = parts == DateParts::TimeOnly || (parts == DateParts::All && (seconds != 0 || dayNumber == 0));
-    const bool showsDay = parts == DateParts::DateOnly || (parts == DateParts::All && dayNumber != 0);
-    if (showsDay && (calendarDay.year() < year{1601} || calendarDay.year() > year{9999})) {
-        return std::nullopt;
-    }
+    // What is shown depends on the number and not on the seconds it is rounded to: a blink before midnight is shown as
+    // the next day's 12:00:00 AM.
+    const bool showsTime = parts == DateParts::TimeOnly || (parts == DateParts::All && (date != wholeDay || date == 0));
+    const bool showsDay = parts == DateParts::DateOnly || (parts == DateParts::All && wholeDay != 0);
     std::u16string text = showsDay ? DayText(calendarDay) : std::u16string();
     if (showsTime) {
         text += (showsDay ? u" " : u"") + TimeText(seconds);

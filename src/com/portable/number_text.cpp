@@ -96,10 +96,10 @@ class NumberReader
 
     bool TakeOpening()
     {
-        if (hasSign || !Take(u'(')) {
+        if (hasParenthesis || !Take(u'(')) {
             return false;
         }
-        hasSign = true;
+        hasParenthesis = true;
         openParenthesis = true;
         number.negative = true;
         return true;
@@ -147,6 +147,8 @@ class NumberReader
             rest.remove_prefix(1);
         }
         number.isPattern = true;
+        // A sign before a bit pattern is read over.
+        number.negative = false;
         number.whole = pattern;
         number.value = static_cast<double>(static_cast<int64_t>(pattern));
         return count != 0;
@@ -178,7 +180,7 @@ class NumberReader
     void ReadExponent()
     {
         const char16_t mark = static_cast<char16_t>(Next() | 0x20);
-        if (mark != u'e' && mark != u'd') {
+        if (mark != u'e') {
             return;
         }
         const std::u16string_view before = rest;
@@ -232,6 +234,7 @@ class NumberReader
     bool isWhole = true;
     bool hasSign = false;
     bool hasCurrency = false;
+    bool hasParenthesis = false;
     bool openParenthesis = false;
 };
 

@@ -38,7 +38,7 @@ enum class DateParts
     DateOnly
 };
 
-/// Writes a date; empty when it lies outside of the years 1601 to 9999, which the date format knows.
+/// Writes a date; empty when it lies outside of the years 100 to 9999.
 std::optional<std::u16string> DateText(DATE date, DateParts parts);
 
 /// Reads a date, a time or both. Empty for other text.

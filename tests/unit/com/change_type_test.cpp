@@ -16,7 +16,6 @@ constexpr tv::Result kMismatch = static_cast<tv::Result>(0x80020005u);
 constexpr tv::Result kOverflow = static_cast<tv::Result>(0x8002000Au);
 constexpr tv::Result kBadType = static_cast<tv::Result>(0x80020008u);
 
-
 struct DoubleToInt
 {
     double from;
@@ -130,7 +129,21 @@ constexpr TextToNumber kTextToNumber[] = {
     {u"&H10", 0, 16, 0, 16},
     {u"&hff", 0, 255, 0, 255},
     {u"&O17", 0, 15, 0, 15},
-    {u"&HFFFFFFFF", 0, -1, 0, 4294967295.0},
+    {u"-&H10", 0, 16, 0, 16},
+    {u"&HFFFF", 0, 65535, 0, 65535},
+    {u"&H80000000", 0, -2147483647 - 1, 0, -2147483648.0},
+    {u"&H100000000", kOverflow, 0, kOverflow, 0},
+    {u"(-5)", 0, -5, 0, -5},
+    {u"-(5)", 0, -5, 0, -5},
+    {u"5 -", 0, -5, 0, -5},
+    {u"5$", 0, 5, 0, 5},
+    {u"5,", 0, 5, 0, 5},
+    {u"1e400", kOverflow, 0, kOverflow, 0},
+    {u"1e-400", 0, 0, 0, 0},
+    {u",5", kMismatch, 0, kMismatch, 0},
+    {u"1 e3", kMismatch, 0, kMismatch, 0},
+    {u"1d3", kMismatch, 0, kMismatch, 0},
+    {u"&10", kMismatch, 0, kMismatch, 0},
     {u"2147483647", 0, 2147483647, 0, 2147483647},
     {u"-2147483648", 0, -2147483647 - 1, 0, -2147483648.0},
     {u"2147483648", kOverflow, 0, 0, 2147483648.0},
@@ -179,10 +192,10 @@ struct TextToBool
 };
 
 constexpr TextToBool kTextToBool[] = {
-    {u"True", 0, -1},       {u"true", 0, -1},         {u"TRUE", 0, -1},       {u"FALSE", 0, 0},
-    {u"False", 0, 0},       {u"#TRUE#", 0, -1},       {u"#FALSE#", 0, 0},     {u"1", 0, -1},
-    {u"0", 0, 0},           {u"-1", 0, -1},           {u"2.5", 0, -1},        {u"0.4", 0, -1},
-    {u"yes", kMismatch, 0}, {u"", kMismatch, 0},      {u"Wahr", kMismatch, 0}, {u" True", kMismatch, 0},
+    {u"True", 0, -1},       {u"true", 0, -1},    {u"TRUE", 0, -1},        {u"FALSE", 0, 0},
+    {u"False", 0, 0},       {u"#TRUE#", 0, -1},  {u"#FALSE#", 0, 0},      {u"1", 0, -1},
+    {u"0", 0, 0},           {u"-1", 0, -1},      {u"2.5", 0, -1},         {u"0.4", 0, -1},
+    {u"yes", kMismatch, 0}, {u"", kMismatch, 0}, {u"Wahr", kMismatch, 0}, {u" True", kMismatch, 0},
 };
 
 TEST(ChangeType, TextIsReadAsATruthValueByWordOrByNumber)
@@ -417,8 +430,17 @@ constexpr TextToDate kTextToDate[] = {
     {u"3-15-2023", 0, 45000},
     {u"15/3/2023", 0, 45000},
     {u"3/15/23", 0, 45000},
-    {u"1/1/30", 0, 10959},
-    {u"1/1/29", 0, 47119},
+    {u"1/1/60", 0, 21916},
+    {u"1/1/20", 0, 43831},
+    {u"2023/3/15", 0, 45000},
+    {u"2023-15-3", 0, 45000},
+    {u"March 2023", 0, 44986},
+    {u"3/2023", 0, 44986},
+    {u"0:30 AM", 0, 0.5 / 24},
+    {u"13:00 PM", 0, 13.0 / 24},
+    {u"31/31/2023", kMismatch, 0},
+    {u"6:00 p", kMismatch, 0},
+    {u"45000", kMismatch, 0},
     {u"3/15/2023 6:00:00 PM", 0, 45000.75},
     {u"3/15/2023 18:00", 0, 45000.75},
     {u"6:00 PM 3/15/2023", 0, 45000.75},
@@ -445,6 +467,20 @@ TEST(ChangeType, TextIsReadAsADateTheAmericanWay)
             EXPECT_NEAR(value.get()->date, row.to, 1e-9) << Narrow(row.from);
         }
     }
+}
+
+TEST(ChangeType, AnyValueCanBecomeEmptyOrNullButNullAndErrorCanNot)
+{
+    for (VARTYPE wanted : {VT_EMPTY, VT_NULL}) {
+        EXPECT_EQ(Variant::FromInt(1).ChangeType(wanted), 0);
+        EXPECT_EQ(Variant::FromText(u"abc").ChangeType(wanted), 0);
+    }
+    Variant null;
+    null.get()->vt = VT_NULL;
+    EXPECT_EQ(null.ChangeType(VT_EMPTY), kMismatch);
+    EXPECT_EQ(Variant::FromInt(1).ChangeType(VT_ERROR), kMismatch);
+    EXPECT_EQ(Variant::FromInt(1).ChangeType(VT_VARIANT), kMismatch);
+    EXPECT_EQ(Variant::FromInt(1).ChangeType(VT_DISPATCH), kMismatch);
 }
 
 TEST(ChangeType, AReferenceIsFollowed)

@@ -22,6 +22,7 @@ constexpr DateRow kDates[] = {
     {-1.0, u"12/29/1899"},
     {-1.25, u"12/29/1899 6:00:00 AM"},
     {36585.0, u"2/29/2000"},
+    {-657434.0, u"1/1/100"},
     {2958465.0, u"12/31/9999"},
 };
 
@@ -43,11 +44,15 @@ TEST(DateText, ADateShowsItsTimeUnlessMidnightAndItsDayUnlessDayZero)
     }
 }
 
-TEST(DateText, AMomentRoundedUpToMidnightBelongsToTheNextDay)
+TEST(DateText, AMomentRoundedUpToMidnightIsTheNextDaysTwelveOClock)
 {
     std::u16string text;
     ASSERT_EQ(DateText(45000.9999999, 0, &text), 0);
-    EXPECT_EQ(Narrow(text), "3/16/2023");
+    EXPECT_EQ(Narrow(text), "3/16/2023 12:00:00 AM");
+    ASSERT_EQ(DateText(45000.0000001, 0, &text), 0);
+    EXPECT_EQ(Narrow(text), "3/15/2023 12:00:00 AM");
+    ASSERT_EQ(DateText(0.9999999, 0, &text), 0);
+    EXPECT_EQ(Narrow(text), "12:00:00 AM");
 }
 
 TEST(DateText, OneHalfIsShownWhenAskedForAlone)

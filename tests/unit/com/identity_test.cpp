@@ -6,7 +6,6 @@
 
 namespace {
 
-
 constexpr GUID kSample = tv::ParseGuid("0123abcd-4567-89ef-0a1b-2c3d4e5f6789");
 
 TEST(Guid, IsReadFromTextAtCompileTime)
@@ -78,7 +77,8 @@ TEST(Boundary, TurnsExhaustedMemoryIntoItsCode)
 
 TEST(Boundary, TurnsAnythingElseIntoUnexpected)
 {
-    EXPECT_EQ(static_cast<uint32_t>(tv::AtBoundary([]() -> tv::Result { throw std::runtime_error("x"); })), 0x8000FFFFu);
+    EXPECT_EQ(static_cast<uint32_t>(tv::AtBoundary([]() -> tv::Result { throw std::runtime_error("x"); })),
+              0x8000FFFFu);
     EXPECT_EQ(static_cast<uint32_t>(tv::AtBoundary([]() -> tv::Result { throw 7; })), 0x8000FFFFu);
 }
 
@@ -91,19 +91,32 @@ struct CodeRow
 TEST(ResultCode, TheNamedCodesHaveTheSystemsValues)
 {
     const CodeRow rows[] = {
-        {E_UNEXPECTED, 0x8000FFFF},           {E_NOTIMPL, 0x80004001},
-        {E_NOINTERFACE, 0x80004002},          {E_POINTER, 0x80004003},
-        {E_ABORT, 0x80004004},                {E_FAIL, 0x80004005},
-        {E_ACCESSDENIED, 0x80070005},         {E_OUTOFMEMORY, 0x8007000E},
-        {E_INVALIDARG, 0x80070057},           {DISP_E_UNKNOWNINTERFACE, 0x80020001},
-        {DISP_E_MEMBERNOTFOUND, 0x80020003},  {DISP_E_PARAMNOTFOUND, 0x80020004},
-        {DISP_E_TYPEMISMATCH, 0x80020005},    {DISP_E_UNKNOWNNAME, 0x80020006},
-        {DISP_E_BADVARTYPE, 0x80020008},      {DISP_E_EXCEPTION, 0x80020009},
-        {DISP_E_OVERFLOW, 0x8002000A},        {DISP_E_BADINDEX, 0x8002000B},
-        {DISP_E_ARRAYISLOCKED, 0x8002000D},   {DISP_E_BADPARAMCOUNT, 0x8002000E},
-        {REGDB_E_CLASSNOTREG, 0x80040154},    {CLASS_E_NOAGGREGATION, 0x80040110},
-        {CLASS_E_CLASSNOTAVAILABLE, 0x80040111}, {CO_E_CLASSSTRING, 0x800401F3},
-        {CONNECT_E_NOCONNECTION, 0x80040200}, {CONNECT_E_CANNOTCONNECT, 0x80040202},
+        {E_UNEXPECTED, 0x8000FFFF},
+        {E_NOTIMPL, 0x80004001},
+        {E_NOINTERFACE, 0x80004002},
+        {E_POINTER, 0x80004003},
+        {E_ABORT, 0x80004004},
+        {E_FAIL, 0x80004005},
+        {E_ACCESSDENIED, 0x80070005},
+        {E_OUTOFMEMORY, 0x8007000E},
+        {E_INVALIDARG, 0x80070057},
+        {DISP_E_UNKNOWNINTERFACE, 0x80020001},
+        {DISP_E_MEMBERNOTFOUND, 0x80020003},
+        {DISP_E_PARAMNOTFOUND, 0x80020004},
+        {DISP_E_TYPEMISMATCH, 0x80020005},
+        {DISP_E_UNKNOWNNAME, 0x80020006},
+        {DISP_E_BADVARTYPE, 0x80020008},
+        {DISP_E_EXCEPTION, 0x80020009},
+        {DISP_E_OVERFLOW, 0x8002000A},
+        {DISP_E_BADINDEX, 0x8002000B},
+        {DISP_E_ARRAYISLOCKED, 0x8002000D},
+        {DISP_E_BADPARAMCOUNT, 0x8002000E},
+        {REGDB_E_CLASSNOTREG, 0x80040154},
+        {CLASS_E_NOAGGREGATION, 0x80040110},
+        {CLASS_E_CLASSNOTAVAILABLE, 0x80040111},
+        {CO_E_CLASSSTRING, 0x800401F3},
+        {CONNECT_E_NOCONNECTION, 0x80040200},
+        {CONNECT_E_CANNOTCONNECT, 0x80040202},
     };
     for (const CodeRow& row : rows) {
         EXPECT_EQ(static_cast<uint32_t>(row.code), row.value);

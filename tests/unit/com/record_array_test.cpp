@@ -183,8 +183,7 @@ class CountingDescription final : public tv::ComObject<IRecordInfo>
   public:
     CountingDescription(int* clears, int* copies)
         : clearCount(clears), copyCount(copies), inner(tv::DescribeRecord(Entry::kLayout))
-    {
-    }
+    {}
     HRESULT STDMETHODCALLTYPE RecordInit(PVOID r) override { return inner->RecordInit(r); }
     HRESULT STDMETHODCALLTYPE RecordClear(PVOID r) override
     {

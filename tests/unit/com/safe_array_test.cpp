@@ -16,9 +16,9 @@ struct KindRow
 };
 
 constexpr KindRow kKinds[] = {
-    {VT_I1, 1}, {VT_UI1, 1},  {VT_I2, 2}, {VT_UI2, 2}, {VT_BOOL, 2}, {VT_I4, 4},   {VT_UI4, 4},     {VT_R4, 4},
-    {VT_I8, 8}, {VT_UI8, 8},  {VT_R8, 8}, {VT_CY, 8},  {VT_DATE, 8}, {VT_BSTR, 8}, {VT_UNKNOWN, 8}, {VT_DISPATCH, 8},
-    {VT_INT, 4}, {VT_UINT, 4}, {VT_ERROR, 4}, {VT_VARIANT, 24},
+    {VT_I1, 1},      {VT_UI1, 1},      {VT_I2, 2},  {VT_UI2, 2},  {VT_BOOL, 2},  {VT_I4, 4},       {VT_UI4, 4},
+    {VT_R4, 4},      {VT_I8, 8},       {VT_UI8, 8}, {VT_R8, 8},   {VT_CY, 8},    {VT_DATE, 8},     {VT_BSTR, 8},
+    {VT_UNKNOWN, 8}, {VT_DISPATCH, 8}, {VT_INT, 4}, {VT_UINT, 4}, {VT_ERROR, 4}, {VT_VARIANT, 24},
 };
 
 TEST(SafeArray, EveryKindHasItsSizeAndRemembersItsKind)
@@ -105,8 +105,7 @@ TEST(SafeArray, VariantsInItAreDeepCopies)
 }
 
 class Plain final : public tv::ComObject<IUnknown>
-{
-};
+{};
 
 ULONG CountOf(IUnknown* object)
 {

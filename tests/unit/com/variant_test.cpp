@@ -8,8 +8,7 @@ using tv::Variant;
 namespace {
 
 class Plain final : public tv::ComObject<IUnknown>
-{
-};
+{};
 
 ULONG CountOf(IUnknown* object)
 {
