@@ -2,9 +2,11 @@
 
 #include "engine/failure.h"
 
+#include <algorithm>
 #include <cctype>
 #include <charconv>
 #include <cstdint>
+#include <cstdlib>
 #include <cstring>
 #include <fstream>
 #include <sstream>
@@ -168,6 +170,18 @@ void CheckBrepFile(const fs::path& file)
     const std::string head = Head(file);
     if (!Contains(head, "CASCADE Topology V") && !Contains(head, "DBRep_DrawableShape")) {
         Damaged(file, "it doesn't begin as a BREP file does");
+    }
+    // The library's reader waits forever for the rest of a file that was cut off.
+    const std::string text = ReadWholeFile(file);
+    const size_t shapes = text.find("\nTShapes ");
+    if (shapes == std::string::npos) {
+        Damaged(file, "it is cut off before its list of shapes");
+    }
+    const std::string list = text.substr(shapes + std::strlen("\nTShapes "));
+    const size_t lastMark = list.rfind('*');
+    if (std::ranges::count(list, '*') != std::atol(list.c_str()) ||
+        list.find_first_of("0123456789", lastMark) == std::string::npos) {
+        Damaged(file, "its list of shapes is not complete");
     }
 }
 

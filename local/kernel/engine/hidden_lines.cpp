@@ -3,6 +3,7 @@
 #include "engine/failure.h"
 
 #include <BRepAdaptor_Curve.hxx>
+#include <BRepAdaptor_Surface.hxx>
 #include <BRepBndLib.hxx>
 #include <BRepLib.hxx>
 #include <BRepMesh_IncrementalMesh.hxx>
@@ -16,6 +17,7 @@
 #include <HLRBRep_PolyHLRToShape.hxx>
 #include <TopExp_Explorer.hxx>
 #include <TopoDS.hxx>
+#include <TopoDS_Face.hxx>
 #include <TopoDS_Compound.hxx>
 #include <gp_Ax2.hxx>
 
@@ -29,7 +31,9 @@ namespace {
 
 using document::Projection;
 
-constexpr int kMostFacesForExact = 200;
+/// The exact algorithm's time grows with the square of the faces, and with free-form faces ten times as fast.
+constexpr int kMostWorkForExact = 200;
+constexpr int kWorkOfFreeFormFace = 10;
 
 struct Direction
 {
@@ -59,13 +63,14 @@ double DiagonalOf(const TopoDS_Shape& shape)
     return box.IsVoid() ? 0 : std::sqrt(box.SquareExtent());
 }
 
-int CountFaces(const TopoDS_Shape& shape)
+int WorkOf(const TopoDS_Shape& shape)
 {
-    int count = 0;
+    int work = 0;
     for (TopExp_Explorer faces(shape, TopAbs_FACE); faces.More(); faces.Next()) {
-        count++;
+        const GeomAbs_SurfaceType type = BRepAdaptor_Surface(TopoDS::Face(faces.Current()), false).GetType();
+        work += type <= GeomAbs_Torus ? 1 : kWorkOfFreeFormFace;
     }
-    return count;
+    return work;
 }
 
 /// Annotation and construction curves of a file, which cover nothing, upset the polygonal algorithm.
@@ -182,7 +187,7 @@ Projected Project(const TopoDS_Shape& shape, Projection projection, Exactness ex
     const TopoDS_Shape surfaces = SurfacesOnly(shape);
     const double deflection = std::max(1e-4, DiagonalOf(surfaces) * 0.0005);
     const bool exact = exactness == Exactness::Exact ||
-                       (exactness == Exactness::Automatic && CountFaces(surfaces) <= kMostFacesForExact);
+                       (exactness == Exactness::Automatic && WorkOf(surfaces) <= kMostWorkForExact);
     const HLRAlgo_Projector projector(AxesOf(projection));
     Projected projected = exact ? ProjectExactly(surfaces, projector, deflection)
                                 : ProjectTriangles(surfaces, projector, deflection);

@@ -23,7 +23,7 @@ struct Projected
 
 enum class Exactness
 {
-    Automatic, // exact up to some 200 faces: the time grows with their square
+    Automatic, // exact where that takes seconds at most
     Exact,     // along the true curves
     Fast,      // along the triangles of a mesh
 };

@@ -2,33 +2,39 @@
 
 #include "engine/failure.h"
 #include "engine/file_checks.h"
+#include "engine/mesh_shell.h"
 
-#include <BRepBuilderAPI_MakeFace.hxx>
-#include <BRepBuilderAPI_MakePolygon.hxx>
+#include <BRepBndLib.hxx>
 #include <BRepBuilderAPI_MakeSolid.hxx>
 #include <BRepBuilderAPI_Sewing.hxx>
 #include <BRepCheck_Analyzer.hxx>
 #include <BRepLib.hxx>
 #include <BRepTools.hxx>
 #include <BRep_Builder.hxx>
+#include <BRep_Tool.hxx>
+#include <Bnd_Box.hxx>
 #include <IGESControl_Controller.hxx>
 #include <IGESControl_Reader.hxx>
+#include <Interface_Check.hxx>
 #include <Message.hxx>
 #include <Message_Messenger.hxx>
 #include <RWStl.hxx>
 #include <STEPCAFControl_Controller.hxx>
 #include <STEPCAFControl_Reader.hxx>
 #include <ShapeUpgrade_UnifySameDomain.hxx>
+#include <StepData_StepModel.hxx>
 #include <TDF_LabelSequence.hxx>
 #include <TopExp_Explorer.hxx>
 #include <TopoDS.hxx>
 #include <TopoDS_Compound.hxx>
+#include <TopoDS_Iterator.hxx>
 #include <XCAFApp_Application.hxx>
 #include <XCAFDoc_DocumentTool.hxx>
 #include <XCAFDoc_ShapeTool.hxx>
 
 #include <algorithm>
 #include <cctype>
+#include <cmath>
 
 namespace tv::kernel {
 
@@ -36,8 +42,9 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// Faces of an IGES file that lie closer than this belong together. Writers of such files round to a micrometre or so.
+/// Faces of an IGES file that lie closer than this belong together, but not in a model that is hardly larger than that.
 constexpr double kSewingTolerance = 0.01;
+constexpr double kSewingPartOfDiagonal = 1e-5;
 
 [[noreturn]] void Unreadable(const fs::path& file, const char* kind)
 {
@@ -61,6 +68,12 @@ TopoDS_Shape FreeShapes(const Handle(XCAFDoc_ShapeTool) & shapes)
     return all;
 }
 
+/// The reader skips what it doesn't understand and goes on with the rest, which is then a part with holes in it.
+bool HasSyntaxErrors(STEPCAFControl_Reader& reader)
+{
+    return reader.ChangeReader().StepModel()->GlobalCheck(true)->HasFailed();
+}
+
 Model ReadStep(const fs::path& file)
 {
     CheckStepFile(file);
@@ -72,7 +85,8 @@ Model ReadStep(const fs::path& file)
     reader.SetLayerMode(true);
     // Parts in files of their own are found beside an absolute path only.
     const std::string path = fs::absolute(file).string();
-    if (reader.ReadFile(path.c_str()) != IFSelect_RetDone || !reader.Transfer(model.exchangeDocument)) {
+    if (reader.ReadFile(path.c_str()) != IFSelect_RetDone || HasSyntaxErrors(reader) ||
+        !reader.Transfer(model.exchangeDocument)) {
         Unreadable(file, "STEP");
     }
     model.root.shape = FreeShapes(XCAFDoc_DocumentTool::ShapeTool(model.exchangeDocument->Main()));
@@ -84,10 +98,17 @@ bool HasSolid(const TopoDS_Shape& shape)
     return TopExp_Explorer(shape, TopAbs_SOLID).More();
 }
 
+double SewingTolerance(const TopoDS_Shape& faces)
+{
+    Bnd_Box box;
+    BRepBndLib::Add(faces, box, false);
+    return std::min(kSewingTolerance, kSewingPartOfDiagonal * std::sqrt(box.SquareExtent()));
+}
+
 /// Turns faces that close up into solids; faces that don't are given back as they came.
 TopoDS_Shape SolidsFromFaces(const TopoDS_Shape& faces)
 {
-    BRepBuilderAPI_Sewing sewing(kSewingTolerance);
+    BRepBuilderAPI_Sewing sewing(SewingTolerance(faces));
     sewing.Add(faces);
     sewing.Perform();
     const TopoDS_Shape sewed = sewing.SewedShape();
@@ -105,6 +126,30 @@ TopoDS_Shape SolidsFromFaces(const TopoDS_Shape& faces)
     return solids;
 }
 
+bool HoldsGroups(const TopoDS_Shape& shape)
+{
+    TopoDS_Iterator child(shape);
+    while (child.More() && child.Value().ShapeType() != TopAbs_COMPOUND) {
+        child.Next();
+    }
+    return shape.ShapeType() == TopAbs_COMPOUND && child.More();
+}
+
+/// Closes each group of faces by itself: parts of an assembly that touch each other must not grow together.
+TopoDS_Shape SolidsFromGroups(const TopoDS_Shape& shape)
+{
+    if (!HoldsGroups(shape)) {
+        return SolidsFromFaces(shape);
+    }
+    TopoDS_Compound solids;
+    BRep_Builder builder;
+    builder.MakeCompound(solids);
+    for (TopoDS_Iterator child(shape); child.More(); child.Next()) {
+        builder.Add(solids, SolidsFromGroups(child.Value()));
+    }
+    return HasSolid(solids) ? TopoDS_Shape(solids) : SolidsFromFaces(shape);
+}
+
 Model ReadIges(const fs::path& file)
 {
     CheckIgesFile(file);
@@ -116,7 +161,7 @@ Model ReadIges(const fs::path& file)
     Model model;
     model.root.shape = reader.OneShape();
     if (!model.root.shape.IsNull() && !HasSolid(model.root.shape)) {
-        model.root.shape = SolidsFromFaces(model.root.shape);
+        model.root.shape = SolidsFromGroups(model.root.shape);
     }
     return model;
 }
@@ -171,23 +216,15 @@ const NeutralReader* FindReader(const fs::path& file)
     return found == std::end(kNeutralReaders) ? nullptr : &*found;
 }
 
-TopoDS_Shape FacesOf(const Handle(Poly_Triangulation) & mesh)
+/// A shell that closes up, as a solid with its inside inside.
+TopoDS_Shape SolidOfShell(const TopoDS_Shape& shape)
 {
-    BRepBuilderAPI_Sewing sewing(1e-6);
-    for (int i = 1; i <= mesh->NbTriangles(); i++) {
-        const Poly_Triangle triangle = mesh->Triangle(i);
-        BRepBuilderAPI_MakePolygon outline(mesh->Node(triangle(1)), mesh->Node(triangle(2)), mesh->Node(triangle(3)),
-                                           true);
-        if (!outline.IsDone()) {
-            continue;
-        }
-        BRepBuilderAPI_MakeFace face(outline.Wire(), true);
-        if (face.IsDone()) {
-            sewing.Add(face.Face());
-        }
+    if (shape.ShapeType() != TopAbs_SHELL || !BRep_Tool::IsClosed(shape)) {
+        return shape;
     }
-    sewing.Perform();
-    return sewing.SewedShape();
+    TopoDS_Solid solid = BRepBuilderAPI_MakeSolid(TopoDS::Shell(shape));
+    BRepLib::OrientClosedSolid(solid);
+    return solid;
 }
 
 } // namespace
@@ -229,10 +266,14 @@ TopoDS_Shape BoundaryShape(const Model& model)
     if (model.mesh.IsNull()) {
         return model.root.shape;
     }
-    const TopoDS_Shape sewed = FacesOf(model.mesh);
-    ShapeUpgrade_UnifySameDomain unify(sewed, true, true, false);
+    if (model.mesh->NbTriangles() > kMostFlatFaces) {
+        throw JobFailure(ErrorCode::UnsuitableSource,
+                         Quoted(model.root.name) + " is a mesh of " + std::to_string(model.mesh->NbTriangles()) +
+                             " triangles; up to " + std::to_string(kMostFlatFaces) + " can be turned into faces.");
+    }
+    ShapeUpgrade_UnifySameDomain unify(SolidOfShell(ShellOfMesh(model.mesh)), true, true, false);
     unify.Build();
-    return SolidsFromFaces(unify.Shape());
+    return unify.Shape();
 }
 
 void PrepareExchange()

@@ -9,6 +9,7 @@
 
 #include <Standard_ErrorHandler.hxx>
 #include <Standard_Failure.hxx>
+#include <Standard_OutOfMemory.hxx>
 
 #include <algorithm>
 #include <new>
@@ -28,6 +29,8 @@ template <class T, class Work> Outcome<T> Guarded(const std::string& subject, co
     } catch (const JobFailure& failure) {
         return Error{failure.code(), failure.what()};
     } catch (const std::bad_alloc&) {
+        return Error{ErrorCode::OutOfMemory, Quoted(subject) + " needs more memory than the job may have."};
+    } catch (const Standard_OutOfMemory&) {
         return Error{ErrorCode::OutOfMemory, Quoted(subject) + " needs more memory than the job may have."};
     } catch (const Standard_Failure& failure) {
         return Error{ErrorCode::Failed, Quoted(subject) + ": the geometry library failed: " +
