@@ -51,15 +51,15 @@ class Components
             names.push_back(name);
         } else if (!names.empty() && names.back() != u"..") {
             names.pop_back();
-            hasClimbed = true;
-        } else if (keepsClimbing && !hasClimbed) {
+            hasReachedTop = hasReachedTop || names.empty();
+        } else if (keepsClimbing && !hasReachedTop) {
             names.push_back(name);
         }
     }
 
     std::vector<std::u16string_view> names;
     bool keepsClimbing = false; ///< a relative path may begin with ".."
-    bool hasClimbed = false;
+    bool hasReachedTop = false; ///< a ".." has taken the first name off
 };
 
 std::u16string Join(const std::vector<std::u16string_view>& names)
@@ -162,8 +162,9 @@ std::u16string CanonicalPath(std::u16string_view path)
         }
         start = end + 1;
     }
-    // What a relative path climbed out of leaves its backslash behind.
-    if (rootLength == 0 && components.hasClimbed && (components.names.empty() || components.names.front() != u"..")) {
+    // A relative path that climbs out of its first name leaves the backslash behind.
+    if (rootLength == 0 && components.hasReachedTop &&
+        (components.names.empty() || components.names.front() != u"..")) {
         root = u"\\";
     }
     std::u16string result = root + Join(components.names);

@@ -31,12 +31,6 @@ Str& Str::operator=(Str&& other) noexcept
     return *this;
 }
 
-Str& Str::operator=(std::u16string_view words)
-{
-    SetText(std::u16string(words));
-    return *this;
-}
-
 const char* Str::Narrow() const
 {
     if (narrow == nullptr) {

@@ -16,7 +16,7 @@ class Str
     Str() = default;
     Str(const char16_t* words) : text(words == nullptr ? u"" : words) {}
     Str(std::u16string words) : text(std::move(words)) {}
-    explicit Str(std::u16string_view words) : text(words) {}
+    Str(std::u16string_view words) : text(words) {}
     /// From a text resource, which has a length and no terminating zero.
     Str(const char16_t* resource, size_t length) : text(resource, length) {}
     Str(const Str& other) : text(other.text) {}
@@ -25,7 +25,6 @@ class Str
 
     Str& operator=(const Str& other);
     Str& operator=(Str&& other) noexcept;
-    Str& operator=(std::u16string_view words);
 
     /// Builds the text as printf does and replaces the content, which may be among the arguments.
     template <typename... Arguments> void Format(std::u16string_view format, const Arguments&... arguments)

@@ -16,7 +16,8 @@ class Win32RunningObjectTable final : public RunningObjectTable
         object.reset();
         ComPtr<IMoniker> moniker;
         const Result result = ::CreateItemMoniker(L"", ZeroTerminated(itemName), moniker.put());
-        return result < 0 ? result : table->GetObject(moniker.get(), object.put());
+        // The system's headers declare GetObject under the name of its macro.
+        return result < 0 ? result : table->GetObjectW(moniker.get(), object.put());
     }
 
   private:

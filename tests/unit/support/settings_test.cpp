@@ -152,9 +152,10 @@ TEST_F(SettingsTest, ABranchNeedsBothTheMachinesAndTheUsersKey)
     EXPECT_FALSE(settings.OpenStandardKey(StandardKey::UserVaults, key, MissingKey::Fail, kOpenForReading));
     machine.registry.AddKey(kLocalMachineRoot, kProduct);
     machine.registry.Deny(kCurrentUserRoot, kProduct);
-    EXPECT_FALSE(settings.OpenStandardKey(StandardKey::UserVaults, key, MissingKey::Fail, kOpenForReading));
+    SettingsLight fresh(machine.registry);
+    EXPECT_FALSE(fresh.OpenStandardKey(StandardKey::UserVaults, key, MissingKey::Fail, kOpenForReading));
     machine.registry.Allow(kCurrentUserRoot, kProduct);
-    EXPECT_TRUE(settings.OpenStandardKey(StandardKey::UserVaults, key, MissingKey::Fail, kOpenForReading));
+    EXPECT_TRUE(fresh.OpenStandardKey(StandardKey::UserVaults, key, MissingKey::Fail, kOpenForReading));
 }
 
 TEST_F(SettingsTest, ABranchIsCreatedWhenAskedTo)

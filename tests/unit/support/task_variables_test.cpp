@@ -77,10 +77,10 @@ class Both final : public Properties
   public:
     ComPtr<Instance> instance = MakeObject<Instance>();
 
-  protected:
-    void* FindInterface(REFIID id) override
+    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override
     {
-        return id == kInterfaceId<IVyxTaskInstance> ? static_cast<IVyxTaskInstance*>(instance.get()) : nullptr;
+        return id == kInterfaceId<IVyxTaskInstance> ? instance->QueryInterface(id, object)
+                                                    : Properties::QueryInterface(id, object);
     }
 };
 

@@ -23,7 +23,7 @@ TEST(IgnoringCase, LettersOfManyScriptsHaveCapitals)
 
 TEST(IgnoringCase, OtherUnitsStayAsTheyAre)
 {
-    for (char16_t unit : std::u16string_view(u"A0[{`\u00D7\u00F7\u00DF\u0100\u4E2D\uD800\uFFFF")) {
+    for (char16_t unit : std::u16string_view(u"A0[{`\u00D7\u00F7\u00DF\u0100\u4E2D\xD800\xFFFF")) {
         EXPECT_EQ(UpperCase(unit), unit);
     }
 }
