@@ -20,7 +20,8 @@ HKEY NativeKey(KeyHandle key)
     }
 }
 
-uint32_t HandOver(LSTATUS result, HKEY opened, KeyHandle& key)
+/// `opened` is a reference because the call that fills it stands beside it in the argument list.
+uint32_t HandOver(LSTATUS result, const HKEY& opened, KeyHandle& key)
 {
     key = result == ERROR_SUCCESS ? static_cast<KeyHandle>(reinterpret_cast<uintptr_t>(opened)) : kNoKey;
     return static_cast<uint32_t>(result);

@@ -89,6 +89,12 @@ void RealWorld::SetReadOnly(std::u16string_view path)
     SetFileAttributesW(Wide(std::u16string(path)), FILE_ATTRIBUTE_READONLY);
 }
 
+bool RealWorld::MayWriteReadOnly(std::u16string_view path)
+{
+    const HANDLE file = CreateFileW(Wide(std::u16string(path)), GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+    return file != INVALID_HANDLE_VALUE && CloseHandle(file) != FALSE;
+}
+
 void RealWorld::SetEnvironment(std::u16string_view name, std::u16string_view value)
 {
     SetEnvironmentVariableW(Wide(std::u16string(name)), Wide(std::u16string(value)));

@@ -21,6 +21,8 @@ class RealWorld
     std::u16string Folder() const { return folder; }
     std::string Content(std::u16string_view path);
     void SetReadOnly(std::u16string_view path);
+    /// True where the disk lets this user write a read-only file, as it lets a superuser on a foreign one.
+    bool MayWriteReadOnly(std::u16string_view path);
     void SetEnvironment(std::u16string_view name, std::u16string_view value);
     std::u16string RegistryPath() const { return u"Software\\TorvaneContract"; }
     std::u16string PipeName() const;

@@ -21,6 +21,7 @@ class FakeWorld
     std::u16string Folder() const { return u"C:\\Temp"; }
     std::string Content(std::u16string_view path) { return machine.files.Content(path).value_or("<missing>"); }
     void SetReadOnly(std::u16string_view path) { machine.files.SetReadOnly(path, true); }
+    bool MayWriteReadOnly(std::u16string_view) { return false; }
     void SetEnvironment(std::u16string_view name, std::u16string_view value)
     {
         machine.registry.SetEnvironment(name, value);
