@@ -1,0 +1,98 @@
+#include "host/machine.h"
+
+#include "com/base.h"
+
+#include <tlhelp32.h>
+
+#include <atomic>
+#include <mutex>
+#include <utility>
+
+namespace tv::local {
+
+namespace {
+
+constexpr wchar_t kApplication[] = L"TORVANE.EXE";
+constexpr UINT kEndedCode = 1;
+constexpr DWORD kEndTimeoutMs = 5000;
+
+int EndStartedApplications()
+{
+    int ended = 0;
+    HANDLE snapshot = CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0);
+    PROCESSENTRY32W entry{};
+    entry.dwSize = sizeof entry;
+    for (BOOL more = Process32FirstW(snapshot, &entry); more; more = Process32NextW(snapshot, &entry)) {
+        if (entry.th32ParentProcessID != GetCurrentProcessId() || lstrcmpiW(entry.szExeFile, kApplication) != 0) {
+            continue;
+        }
+        if (HANDLE process = OpenProcess(PROCESS_TERMINATE | SYNCHRONIZE, FALSE, entry.th32ProcessID)) {
+            ended += TerminateProcess(process, kEndedCode) ? 1 : 0;
+            WaitForSingleObject(process, kEndTimeoutMs);
+            CloseHandle(process);
+        }
+    }
+    CloseHandle(snapshot);
+    return ended;
+}
+
+// The system calls the handler without a context of ours.
+std::mutex interruptLock;
+std::function<void()> interruptAction;
+std::atomic<bool> interrupted = false;
+
+BOOL WINAPI HandleInterrupt(DWORD event)
+{
+    if (event != CTRL_C_EVENT && event != CTRL_BREAK_EVENT) {
+        EndStartedApplications();
+        return FALSE;
+    }
+    const std::lock_guard guard(interruptLock);
+    if (!interruptAction) {
+        return FALSE;
+    }
+    if (interrupted.exchange(true)) {
+        EndStartedApplications();
+        return FALSE;
+    }
+    interruptAction();
+    return TRUE;
+}
+
+class WindowsMachine final : public Machine
+{
+  public:
+    WindowsMachine() { SetConsoleCtrlHandler(HandleInterrupt, TRUE); }
+    ~WindowsMachine() override { SetConsoleCtrlHandler(HandleInterrupt, FALSE); }
+
+    int32_t ProcessId() const override { return static_cast<int32_t>(GetCurrentProcessId()); }
+
+    bool IsAlive(int32_t process) const override
+    {
+        HANDLE handle = OpenProcess(SYNCHRONIZE, FALSE, static_cast<DWORD>(process));
+        if (handle == nullptr) {
+            return false;
+        }
+        const bool alive = WaitForSingleObject(handle, 0) == WAIT_TIMEOUT;
+        CloseHandle(handle);
+        return alive;
+    }
+
+    int EndLeftApplications() override { return EndStartedApplications(); }
+
+    void OnInterrupt(std::function<void()> action) override
+    {
+        const std::lock_guard guard(interruptLock);
+        interrupted = false;
+        interruptAction = std::move(action);
+    }
+};
+
+} // namespace
+
+std::unique_ptr<Machine> MakeMachine()
+{
+    return std::make_unique<WindowsMachine>();
+}
+
+} // namespace tv::local

@@ -1,0 +1,55 @@
+// An add-in in memory that does what the test says, in place of the registered one.
+#pragma once
+
+#include "host/component.h"
+#include "host/machine.h"
+
+#include "com/com_object.h"
+#include "com/safe_array.h"
+
+#include <functional>
+#include <map>
+#include <vector>
+
+namespace tv::local {
+
+/// What an add-in is told with a command, in the test's terms.
+struct HandedCommand
+{
+    VyxCmd* record;
+    SAFEARRAY** data;
+    ComPtr<IVyxVault> vault;
+    ComPtr<IVyxTaskInstance> instance;
+};
+
+class ScriptedComponent final : public Component
+{
+  public:
+    ComPtr<IVyxAddIn5> Create() override;
+    std::string Template(int32_t resource) override;
+
+    using Handler = std::function<Result(const HandedCommand&)>;
+    std::map<int32_t, Handler> handlers;
+    std::vector<int32_t> log;
+    bool registered = true;
+    bool offersPreview = true;
+};
+
+class QuietMachine final : public Machine
+{
+  public:
+    int32_t ProcessId() const override { return 77; }
+    bool IsAlive(int32_t process) const override { return process == alive; }
+    int EndLeftApplications() override
+    {
+        ++cleanUps;
+        return 0;
+    }
+    void OnInterrupt(std::function<void()> action) override { interrupt = std::move(action); }
+
+    int32_t alive = 0;
+    int cleanUps = 0;
+    std::function<void()> interrupt;
+};
+
+} // namespace tv::local

@@ -1,0 +1,154 @@
+// The power may fail before any write. Whatever was reported done must be there afterwards, and nothing may be half there.
+#include "disk_world.h"
+
+#include "vault/error_table.h"
+
+#include <map>
+
+namespace tv::local {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+class PowerLoss : public DiskWorld
+{
+  protected:
+    /// What has been reported done so far: the bytes of each version by name and number.
+    using Promised = std::map<std::pair<std::string, int32_t>, std::string>;
+
+    StoreOptions OptionsWith(WriteHook hook) const
+    {
+        StoreOptions options = OptionsOf(kAnna);
+        options.beforeWrite = std::move(hook);
+        return options;
+    }
+
+    /// A day in the life of a vault; `promised` follows what has returned.
+    void LiveThrough(VaultStore& store, Promised& promised)
+    {
+        FileWork work(std::shared_ptr<VaultStore>(&store, [](VaultStore*) {}));
+        work.Import(Folder("outside/a.step"), {"Parts"}, "");
+        promised[{"a.step", 1}] = "first a";
+        WriteBytes(Folder("outside/a.step"), "second a");
+        const FileRecord a = work.Import(Folder("outside/a.step"), {"Parts"}, "").file;
+        promised[{"a.step", 2}] = "second a";
+
+        const fs::path output = Root() / "Parts" / "b.stl";
+        WriteBytes(output, "first b");
+        const FileRecord b = work.Add(output, store.MakeFolder({"Parts"}));
+        promised[{"b.stl", 1}] = "first b";
+        work.CheckIn(std::vector{b.id}, "");
+
+        work.CheckOut(b.id);
+        WriteBytes(output, "second b, longer");
+        work.CheckIn(std::vector{b.id}, "");
+        promised[{"b.stl", 2}] = "second b, longer";
+
+        promised.erase({"a.step", 1});
+        promised.erase({"a.step", 2});
+        work.Delete(a.id);
+    }
+
+    static void ExpectPromisesKept(VaultStore& store, const Promised& promised, std::string_view where)
+    {
+        EXPECT_EQ(CodeOf([&] { store.Verify(); }), 0) << where;
+        for (const auto& [key, bytes] : promised) {
+            const auto file = store.FindFile({"Parts", key.first});
+            ASSERT_TRUE(file) << key.first << " " << where;
+            const auto version = store.Version(file->id, key.second);
+            ASSERT_TRUE(version) << key.first << " version " << key.second << " " << where;
+            EXPECT_EQ(BytesOf(store.ContentPath(*version)), bytes) << where;
+        }
+    }
+
+    void PrepareOutside() const { WriteBytes(Write("outside/a.step", ""), "first a"); }
+};
+
+TEST_F(PowerLoss, BetweenAnyTwoWritesLosesNothingThatWasReportedDone)
+{
+    PrepareOutside();
+    VaultStore::Create(Root(), "Bench", OptionsOf(kAnna));
+    struct Snapshot
+    {
+        fs::path folder;
+        std::string step;
+        Promised promised;
+    };
+    std::vector<Snapshot> snapshots;
+    Promised promised;
+    {
+        // The disk as it stands before each write is what a power loss at that moment leaves.
+        const auto store = VaultStore::Open(Root(), OptionsWith([&](std::string_view step) {
+            const fs::path copy = Folder("snapshot " + std::to_string(snapshots.size()));
+            fs::copy(Root(), copy, fs::copy_options::recursive);
+            snapshots.push_back({copy, std::string(step), promised});
+        }));
+        LiveThrough(*store, promised);
+    }
+    EXPECT_GT(snapshots.size(), 40u);
+    for (size_t i = 0; i < snapshots.size(); ++i) {
+        const auto store = VaultStore::Open(snapshots[i].folder, OptionsOf(kAnna));
+        ExpectPromisesKept(*store, snapshots[i].promised, "before step " + std::to_string(i) + ": " + snapshots[i].step);
+    }
+}
+
+TEST_F(PowerLoss, AFailedWriteIsReportedAndTheVaultWorksOn)
+{
+    bool fired = true;
+    for (int n = 0; fired; ++n) {
+        fired = false;
+        const Disk disk({});
+        std::error_code error;
+        for (const auto& entry : fs::recursive_directory_iterator(Root(), error)) {
+            if (entry.is_regular_file()) {
+                disk.SetReadOnly(entry.path(), false);
+            }
+        }
+        fs::remove_all(Root());
+        PrepareOutside();
+        VaultStore::Create(Root(), "Bench", OptionsOf(kAnna));
+        Promised promised;
+        int step = 0;
+        std::string where;
+        const auto store = VaultStore::Open(Root(), OptionsWith([&](std::string_view name) {
+            if (step++ == n) {
+                fired = true;
+                where = "at step " + std::to_string(n) + ": " + std::string(name);
+                Fail(kErrorIo, "The write failed.");
+            }
+        }));
+        const Result code = CodeOf([&] { LiveThrough(*store, promised); });
+        EXPECT_TRUE(!fired || code == kErrorIo || code == 0) << where;
+        ExpectPromisesKept(*store, promised, where);
+        EXPECT_EQ(CodeOf([&] { Import(*store, "next.step", "next", {"Parts"}); }), 0) << where;
+    }
+}
+
+TEST_F(PowerLoss, WhileAVaultIsBeingMadeLeavesAFolderThatCanStillBecomeOne)
+{
+    int steps = 0;
+    const auto failAt = [&](int n) {
+        int step = 0;
+        return CodeOf([&] {
+            VaultStore::Create(Root(), "Bench", OptionsWith([&, n](std::string_view) {
+                if (++step == n) {
+                    Fail(kErrorIo, "The power failed.");
+                }
+            }));
+        });
+    };
+    for (int n = 1;; ++n, ++steps) {
+        if (failAt(n) == 0) {
+            break;
+        }
+        EXPECT_EQ(CodeOf([&] { VaultStore::Create(Root(), "Bench", OptionsOf(kAnna)); }), 0) << n;
+        EXPECT_EQ(OpenAs(kAnna)->Name(), "Bench");
+        fs::remove_all(Root());
+    }
+    EXPECT_GT(steps, 4);
+}
+
+} // namespace
+
+} // namespace tv::local
