@@ -1,0 +1,175 @@
+#include "cad/event_sink.h"
+
+#include "cad_test.h"
+
+namespace tv {
+
+namespace {
+
+constexpr EventDescription kTaken[] = {{7, 1}, {2, 0}, {9, 9}, {5, 2}};
+constexpr EventInterface kEvents{kInterfaceId<DPartDocEvents>, 1, kTaken};
+constexpr GUID kNoId{};
+
+class Recorder : public EventHandler
+{
+  public:
+    void OnEvent(int32_t event, std::span<const VARIANT> arguments) override
+    {
+        heard.push_back(event);
+        texts.clear();
+        for (const VARIANT& argument : arguments) {
+            texts.push_back(Variant::Copy(argument).ToText());
+        }
+        if (raise != 0) {
+            throw ResultError(raise);
+        }
+    }
+
+    std::vector<int32_t> heard;
+    std::vector<std::u16string> texts;
+    Result raise = 0;
+};
+
+class EventSinkTest : public testing::Test
+{
+  protected:
+    Result Fire(int32_t event, std::vector<Variant> arguments = {})
+    {
+        std::vector<VARIANT> reversed;
+        for (auto argument = arguments.rbegin(); argument != arguments.rend(); ++argument) {
+            reversed.push_back(*argument->get());
+        }
+        DISPPARAMS params{};
+        params.rgvarg = reversed.data();
+        params.cArgs = static_cast<UINT>(reversed.size());
+        return sink->Invoke(event, kNoId, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &params, answer.put(), nullptr,
+                            nullptr);
+    }
+
+    Recorder recorder;
+    Variant answer;
+    ComPtr<EventSink> sink = MakeObject<EventSink>(kEvents, recorder);
+};
+
+} // namespace
+
+TEST_F(EventSinkTest, ASinkAnswersForItsEventInterfaceAndForIDispatch)
+{
+    ComPtr<IDispatch> dispatch;
+    EXPECT_EQ(sink.As(dispatch), 0);
+    ComPtr<IUnknown> identity;
+    EXPECT_EQ(sink.As(identity), 0);
+    ComPtr<IUnknown> events;
+    EXPECT_EQ(sink->QueryInterface(kInterfaceId<DPartDocEvents>, events.putVoid()), 0);
+    EXPECT_EQ(sink->QueryInterface(kInterfaceId<DDrawingDocEvents>, events.putVoid()), E_NOINTERFACE);
+}
+
+TEST_F(EventSinkTest, AnEventOfTheTableReachesTheHandlerAndReturnsZero)
+{
+    EXPECT_EQ(Fire(7, {Variant::FromText(u"C:\\a.step")}), 0);
+    EXPECT_EQ(recorder.heard, std::vector<int32_t>{7});
+    EXPECT_EQ(recorder.texts, std::vector<std::u16string>{u"C:\\a.step"});
+    EXPECT_EQ(answer.ToInt(), 0);
+}
+
+TEST_F(EventSinkTest, ArgumentsComeInTheEventsOwnOrder)
+{
+    Fire(5, {Variant::FromText(u"first"), Variant::FromText(u"second")});
+    EXPECT_EQ(recorder.texts, (std::vector<std::u16string>{u"first", u"second"}));
+}
+
+TEST_F(EventSinkTest, NoOtherEventIsTaken)
+{
+    EXPECT_EQ(Fire(3), 0);
+    EXPECT_TRUE(recorder.heard.empty());
+}
+
+TEST_F(EventSinkTest, AnEventThatClaimsMoreThanEightArgumentsFails)
+{
+    EXPECT_EQ(Fire(9, std::vector<Variant>(9)), E_FAIL);
+    EXPECT_TRUE(recorder.heard.empty());
+}
+
+TEST_F(EventSinkTest, AnEventWithTooFewArgumentsIsRefused)
+{
+    EXPECT_EQ(Fire(7), DISP_E_BADPARAMCOUNT);
+}
+
+TEST_F(EventSinkTest, WhatAHandlerRaisesComesBackAsACode)
+{
+    recorder.raise = E_POINTER;
+    EXPECT_EQ(Fire(2), E_POINTER);
+}
+
+TEST_F(EventSinkTest, ASinkThatWasTakenOffHearsNothing)
+{
+    sink->Forget();
+    EXPECT_EQ(Fire(2), 0);
+    EXPECT_TRUE(recorder.heard.empty());
+}
+
+TEST(SinkConnectionTest, AnUnconnectedConnectionHasTheMark)
+{
+    SinkConnection connection;
+    EXPECT_EQ(connection.Cookie(), 0xFEFEFEFEu);
+    EXPECT_EQ(connection.MajorVersion(), 17);
+}
+
+TEST(SinkConnectionTest, ConnectingTakesTheVersionOfTheRunningApplication)
+{
+    Recorder recorder;
+    fakes::CallScript script;
+    const auto document = MakeObject<fakes::FakeDocument>(script, 1, u"a");
+    ComPtr<ITorvaneDocument> typed;
+    document.As(typed);
+    SinkConnection connection;
+    EXPECT_EQ(connection.Connect(typed.get(), kEvents, recorder, 21), 0);
+    EXPECT_EQ(connection.MajorVersion(), 21);
+    EXPECT_NE(connection.Cookie(), 0xFEFEFEFEu);
+    EXPECT_EQ(document->events.SinkCount(), 1u);
+    connection.Disconnect();
+    EXPECT_EQ(connection.Cookie(), 0xFEFEFEFEu);
+    EXPECT_EQ(document->events.SinkCount(), 0u);
+}
+
+TEST(SinkConnectionTest, ConnectingTwiceIsAProgrammingError)
+{
+    Recorder recorder;
+    fakes::CallScript script;
+    const auto document = MakeObject<fakes::FakeDocument>(script, 1, u"a");
+    ComPtr<ITorvaneDocument> typed;
+    document.As(typed);
+    SinkConnection connection;
+    connection.Connect(typed.get(), kEvents, recorder, 21);
+    EXPECT_EQ(RaisedBy([&] { connection.Connect(typed.get(), kEvents, recorder, 21); }), Code(0x80004005));
+}
+
+TEST(SinkConnectionTest, ASourceWithoutTheEventInterfaceCannotBeConnected)
+{
+    Recorder recorder;
+    fakes::CallScript script;
+    const auto drawing = MakeObject<fakes::FakeDocument>(script, 3, u"a");
+    ComPtr<ITorvaneDocument> typed;
+    drawing.As(typed);
+    SinkConnection connection;
+    EXPECT_EQ(connection.Connect(typed.get(), kEvents, recorder, 21), CONNECT_E_NOCONNECTION);
+    EXPECT_FALSE(connection.IsConnected());
+}
+
+TEST(SinkConnectionTest, AConnectionThatGoesWithoutADisconnectMakesItsSinkDeafAndCallsNobody)
+{
+    Recorder recorder;
+    fakes::CallScript script;
+    const auto document = MakeObject<fakes::FakeDocument>(script, 1, u"a");
+    ComPtr<ITorvaneDocument> typed;
+    document.As(typed);
+    {
+        SinkConnection connection;
+        connection.Connect(typed.get(), kEvents, recorder, 21);
+    }
+    EXPECT_EQ(script.CountOf(u"Unadvise"), 0);
+    EXPECT_EQ(document->events.Fire(kInterfaceId<DPartDocEvents>, 2), std::vector<Result>{0});
+    EXPECT_TRUE(recorder.heard.empty());
+}
+
+} // namespace tv

@@ -1,0 +1,374 @@
+#include "cad/macro_error_reasons.h"
+#include "cad/manager_texts.h"
+#include "cad_test.h"
+
+namespace tv {
+
+namespace {
+
+using Calls = std::vector<std::u16string>;
+using fakes::FakeApplication;
+using fakes::MacroResult;
+
+constexpr char16_t kAddInKey[] = u"Software\\Torvane\\Applications\\Quellor\\TVTaskAddIn";
+
+class MacroRunnerTest : public CadTest
+{
+  protected:
+    MacroRunnerTest()
+    {
+        cad.prepare = [this](FakeApplication& application, int start) {
+            application.onMacro = [this](FakeApplication& running, const std::u16string& path) {
+                ++runs;
+                lastPath = path;
+                lastText = machine.files.Content(path);
+                return onRun ? onRun(running, runs) : MacroResult{};
+            };
+            if (alsoPrepare) {
+                alsoPrepare(application, start);
+            }
+        };
+    }
+    Result Run(std::u16string_view text = u"Sub main\r\nEnd Sub\r\n")
+    {
+        return RaisedBy([&] { manager.RunMacro(text); });
+    }
+
+    int runs = 0;
+    std::u16string lastPath;
+    std::optional<std::string> lastText;
+    std::function<MacroResult(FakeApplication&, int run)> onRun;
+    std::function<void(FakeApplication&, int start)> alsoPrepare;
+};
+
+} // namespace
+
+TEST_F(MacroRunnerTest, ASuccessIsOneAttemptAndNoFailureCount)
+{
+    ConfigureAndStart(1);
+    EXPECT_EQ(Run(), 0);
+    EXPECT_EQ(runs, 1);
+    EXPECT_EQ(manager.FailureCount(), 0);
+    EXPECT_EQ(manager.LastError(), u"");
+}
+
+TEST_F(MacroRunnerTest, TheTextStandsInAFileOfTheMacroExtensionAndIsGoneAfterwards)
+{
+    ConfigureAndStart(1);
+    Run(u"Sub main");
+    EXPECT_EQ(lastText, "Sub main");
+    EXPECT_TRUE(lastPath.starts_with(u"C:\\Temp\\TFR")) << testing::PrintToString(lastPath);
+    EXPECT_TRUE(lastPath.ends_with(u".tvb"));
+    EXPECT_TRUE(machine.files.Files().empty());
+    EXPECT_EQ(machine.files.OpenCount(), 0u);
+}
+
+TEST_F(MacroRunnerTest, FromRevision17OnTheExtendedCallIsUsed)
+{
+    alsoPrepare = [](FakeApplication& application, int) { application.revision = u"17.0"; };
+    ConfigureAndStart(1);
+    Run();
+    EXPECT_EQ(cad.Last().script.Calls().back(), u"RunMacroEx(TVMacro1, main, 0)");
+}
+
+TEST_F(MacroRunnerTest, BelowRevision17ThePlainCallIsUsed)
+{
+    alsoPrepare = [](FakeApplication& application, int) { application.revision = u"16.5"; };
+    ConfigureAndStart(1);
+    Run();
+    EXPECT_EQ(cad.Last().script.Calls().back(), u"RunMacro(TVMacro1, main)");
+}
+
+TEST_F(MacroRunnerTest, BelowRevision17NoReasonAppears)
+{
+    alsoPrepare = [](FakeApplication& application, int) { application.revision = u"16.5"; };
+    onRun = [](FakeApplication&, int) { return MacroResult{0, false, 12}; };
+    ConfigureAndStart(1);
+    EXPECT_EQ(Run(), Code(0x80004005));
+    EXPECT_EQ(manager.LastError(), u"Failed to run Torvane macro.");
+}
+
+TEST_F(MacroRunnerTest, TwoFailuresAndASuccessAreTwoRestarts)
+{
+    onRun = [](FakeApplication&, int run) { return MacroResult{run < 3 ? E_FAIL : 0, run >= 3, 0}; };
+    ConfigureAndStart(1);
+    EXPECT_EQ(Run(), 0);
+    EXPECT_EQ(runs, 3);
+    EXPECT_EQ(cad.StartCount(), 3);
+    EXPECT_EQ(manager.FailureCount(), 0);
+}
+
+TEST_F(MacroRunnerTest, ThreeFailuresAreRaisedWithTheThirdAndTheApplicationThatIsUpStays)
+{
+    onRun = [](FakeApplication&, int run) { return MacroResult{Code(0x80040000u + static_cast<uint32_t>(run)), false, 0}; };
+    ConfigureAndStart(1);
+    EXPECT_EQ(Run(), Code(0x80040003));
+    EXPECT_EQ(runs, 3);
+    EXPECT_EQ(cad.StartCount(), 3);
+    EXPECT_EQ(manager.FailureCount(), 0);
+    EXPECT_EQ(manager.LastError(), u"Failed to run Torvane macro.");
+    EXPECT_TRUE(manager.GetApplication());
+    EXPECT_EQ(machine.processes.RunningCount(), 1u);
+}
+
+TEST_F(MacroRunnerTest, AFailedCallIsAnsweredWithoutPoliteness)
+{
+    onRun = [](FakeApplication&, int run) { return MacroResult{run < 2 ? fakes::kServerDied : 0, run >= 2, 0}; };
+    ConfigureAndStart(1);
+    Run();
+    EXPECT_EQ(cad.started.front()->script.CountOf(u"ExitApplication"), 0);
+}
+
+TEST_F(MacroRunnerTest, ACrashOfTheApplicationIsSurvived)
+{
+    onRun = [this](FakeApplication&, int run) {
+        if (run == 1) {
+            machine.processes.End(manager.ProcessId(), 0xC0000005);
+            return MacroResult{fakes::kServerDied, false, 0};
+        }
+        return MacroResult{};
+    };
+    ConfigureAndStart(1);
+    EXPECT_EQ(Run(), 0);
+    EXPECT_EQ(cad.StartCount(), 2);
+}
+
+TEST_F(MacroRunnerTest, AFalseFlagWithoutAFailureIsNotRepeated)
+{
+    onRun = [](FakeApplication&, int) { return MacroResult{0, false, 0}; };
+    ConfigureAndStart(1);
+    EXPECT_EQ(Run(), Code(0x80004005));
+    EXPECT_EQ(runs, 1);
+    EXPECT_EQ(manager.LastError(), u"Failed to run Torvane macro.");
+}
+
+TEST_F(MacroRunnerTest, AKnownErrorCodeGivesTheReason)
+{
+    onRun = [](FakeApplication&, int) { return MacroResult{0, false, 27}; };
+    ConfigureAndStart(1);
+    Run();
+    EXPECT_EQ(manager.LastError(), u"Failed to run Torvane macro. Reason: File save failed.");
+}
+
+TEST_F(MacroRunnerTest, TheNumberOfRestartsLatelyLimitsTheAttempts)
+{
+    const std::pair<int, int> attemptsAt[] = {{0, 3}, {2, 3}, {3, 2}, {5, 2}, {6, 1}, {8, 1}, {9, 1}, {12, 1}};
+    for (const auto& [failures, attempts] : attemptsAt) {
+        onRun = nullptr;
+        runs = 0;
+        ConfigureAndStart(1);
+        Run();
+        for (int i = 0; i < failures; ++i) {
+            ASSERT_EQ(manager.RestartApplication(0), 0);
+        }
+        ASSERT_EQ(manager.FailureCount(), failures);
+        runs = 0;
+        onRun = [](FakeApplication&, int) { return MacroResult{E_FAIL, false, 0}; };
+        EXPECT_EQ(Run(), Code(0x80004005));
+        EXPECT_EQ(runs, attempts) << failures;
+        manager.CloseApplication(Waiting::Yes, 0);
+    }
+}
+
+TEST_F(MacroRunnerTest, TheSchedulersDialogOverridesASuccess)
+{
+    onRun = [](FakeApplication&, int run) {
+        SchedulerDialogSeen() = run == 1;
+        return MacroResult{};
+    };
+    ConfigureAndStart(1);
+    EXPECT_EQ(Run(), 0);
+    EXPECT_EQ(runs, 2);
+    EXPECT_TRUE(manager.ForceRegression());
+    EXPECT_EQ(manager.FailureCount(), 0);
+    EXPECT_EQ(machine.processes.Last().commandLine, u"C:\\CAD\\TORVANE.EXE /R");
+}
+
+TEST_F(MacroRunnerTest, TheSchedulersDialogRenewsTheAttemptsForAsLongAsItAppears)
+{
+    onRun = [](FakeApplication&, int run) {
+        SchedulerDialogSeen() = run <= 7;
+        return MacroResult{};
+    };
+    ConfigureAndStart(1);
+    EXPECT_EQ(Run(), 0);
+    EXPECT_EQ(runs, 8);
+}
+
+TEST_F(MacroRunnerTest, TheWatchdogMeetsTheSchedulersDialogDuringTheMacro)
+{
+    onRun = [this](FakeApplication&, int run) {
+        if (run == 1) {
+            const WindowHandle dialog =
+                machine.desktop.AddWindow(manager.ProcessId(), u"Welcome to Torvane Task Scheduler");
+            machine.desktop.OnPost([this, dialog](const fakes::PostedMessage&) { machine.desktop.CloseWindow(dialog); });
+            machine.threads.RunWaiting();
+        }
+        return MacroResult{};
+    };
+    ConfigureAndStart(1);
+    EXPECT_EQ(Run(), 0);
+    EXPECT_EQ(runs, 2);
+    EXPECT_TRUE(manager.ForceRegression());
+}
+
+TEST_F(MacroRunnerTest, AFailedRestartEndsTheAttemptsAndItsWordsAreLost)
+{
+    onRun = [this](FakeApplication&, int) {
+        machine.runningObjects.RemoveClass(u"Torvane.Application.21");
+        machine.runningObjects.RemoveClass(u"Torvane.Application");
+        return MacroResult{E_ABORT, false, 0};
+    };
+    ConfigureAndStart(1);
+    EXPECT_EQ(Run(), Code(0x800401F3));
+    EXPECT_EQ(runs, 1);
+    EXPECT_EQ(manager.LastError(), u"Failed to run Torvane macro.");
+    EXPECT_FALSE(manager.GetApplication());
+}
+
+TEST_F(MacroRunnerTest, TheWatchdogRunsForEachAttempt)
+{
+    onRun = [this](FakeApplication&, int run) {
+        EXPECT_EQ(machine.threads.LiveThreads(), 1u);
+        return MacroResult{run == 1 ? E_FAIL : 0, true, 0};
+    };
+    ConfigureAndStart(1);
+    Run();
+    EXPECT_EQ(machine.threads.StartedCount(), 4u);
+    EXPECT_EQ(machine.threads.LiveThreads(), 0u);
+}
+
+TEST_F(MacroRunnerTest, AnEmptyTextGivesAnEmptyFile)
+{
+    ConfigureAndStart(1);
+    EXPECT_EQ(Run(u""), 0);
+    EXPECT_EQ(lastText, "");
+}
+
+TEST_F(MacroRunnerTest, AsManyBytesAreWrittenAsTheTextHasUnits)
+{
+    ConfigureAndStart(1);
+    Run(u"a\u03A9b");
+    ASSERT_TRUE(lastText);
+    EXPECT_EQ(lastText->size(), 3u);
+}
+
+TEST_F(MacroRunnerTest, AFileThatHasTheNewNameIsDeleted)
+{
+    ConfigureAndStart(1);
+    Run();
+    machine.files.AddFile(lastPath, "old");
+    const std::u16string first = lastPath;
+    EXPECT_EQ(Run(u"new"), 0);
+    EXPECT_EQ(lastText, "new");
+}
+
+TEST_F(MacroRunnerTest, ATemporaryFileThatCannotBeMadeIsRaisedWithoutAText)
+{
+    ConfigureAndStart(1);
+    machine.log.FailNth("files.CreateTemporaryFile", 1, fakes::Failure::Once, 112);
+    EXPECT_EQ(Run(), Code(0x80070070));
+    EXPECT_EQ(manager.LastError(), u"");
+    EXPECT_EQ(runs, 0);
+}
+
+TEST_F(MacroRunnerTest, AFailedWriteIsRaisedWithoutAText)
+{
+    ConfigureAndStart(1);
+    machine.log.FailNth("file.Write", 1, fakes::Failure::Once, 112);
+    EXPECT_EQ(Run(), Code(0x80070070));
+    EXPECT_EQ(manager.LastError(), u"");
+    EXPECT_TRUE(machine.files.Files().empty());
+}
+
+TEST_F(MacroRunnerTest, AFailedMoveIsAFailedMacroAndNothingRuns)
+{
+    ConfigureAndStart(1);
+    machine.log.FailNth("files.MoveFile", 1, fakes::Failure::Once, 5);
+    EXPECT_EQ(Run(), Code(0x80070005));
+    EXPECT_EQ(manager.LastError(), u"Failed to run Torvane macro.");
+    EXPECT_EQ(runs, 0);
+    EXPECT_TRUE(machine.files.Files().empty());
+}
+
+TEST_F(MacroRunnerTest, AFailedDeleteIsAFailedMacroAndNothingRuns)
+{
+    ConfigureAndStart(1);
+    machine.log.FailNth("files.DeleteFile", 1, fakes::Failure::Once, 5);
+    EXPECT_EQ(Run(), Code(0x80070005));
+    EXPECT_EQ(manager.LastError(), u"Failed to run Torvane macro.");
+    EXPECT_EQ(runs, 0);
+}
+
+TEST_F(MacroRunnerTest, TheMacroIsCopiedForInspection)
+{
+    machine.registry.PutText(kCurrentUserRoot, kAddInKey, u"ScriptCopyPath", u"C:\\Look\\last.txt");
+    machine.files.AddFolder(u"C:\\Look");
+    ConfigureAndStart(1);
+    Run(u"Sub main");
+    EXPECT_EQ(machine.files.Content(u"C:\\Look\\last.txt"), "Sub main");
+}
+
+TEST_F(MacroRunnerTest, TheCopyIsMadeAfterAFailureToo)
+{
+    machine.registry.PutText(kCurrentUserRoot, kAddInKey, u"ScriptCopyPath", u"C:\\Temp\\last.txt");
+    onRun = [](FakeApplication&, int) { return MacroResult{0, false, 0}; };
+    ConfigureAndStart(1);
+    Run(u"Sub main");
+    EXPECT_EQ(machine.files.Content(u"C:\\Temp\\last.txt"), "Sub main");
+}
+
+TEST_F(MacroRunnerTest, ACopyIntoAMissingFolderFailsInSilence)
+{
+    machine.registry.PutText(kCurrentUserRoot, kAddInKey, u"ScriptCopyPath", u"C:\\Nowhere\\last.txt");
+    ConfigureAndStart(1);
+    EXPECT_EQ(Run(), 0);
+    EXPECT_TRUE(machine.files.Files().empty());
+}
+
+TEST(MacroErrorReasonsTest, EveryRowHasItsKeyAndItsText)
+{
+    struct Row
+    {
+        int32_t code;
+        uint32_t key;
+        std::u16string_view text;
+    };
+    const Row rows[] = {
+        {1, 96, u"Invalid argument provided in macro."},
+        {2, 97, u"Macros are disabled."},
+        {5, 98, u"Out of memory."},
+        {6, 99, u"Invalid procedure name."},
+        {7, 100, u"Invalid property type."},
+        {8, 101, u"Sub or Function expected."},
+        {9, 102, u"Invalid parameter count."},
+        {10, 103, u"Invalid variable type."},
+        {12, 104, u"Unhandled exception."},
+        {13, 105, u"Value overflow."},
+        {14, 106, u"Type mismatch."},
+        {15, 107, u"Required parameter missing."},
+        {20, 108, u"Call failed."},
+        {22, 109, u"Invalid index provided."},
+        {23, 110, u"Permission denied."},
+        {25, 111, u"Too many open files."},
+        {27, 112, u"File save failed."},
+        {28, 113, u"File open failed."},
+    };
+    ASSERT_EQ(std::size(kMacroErrorReasons), std::size(rows));
+    for (size_t i = 0; i < std::size(rows); ++i) {
+        EXPECT_EQ(kMacroErrorReasons[i].code, rows[i].code);
+        EXPECT_EQ(kMacroErrorReasons[i].key, rows[i].key);
+        EXPECT_EQ(kMacroErrorReasons[i].text, rows[i].text);
+        EXPECT_EQ(MacroFailedText(rows[i].code),
+                  u"Failed to run Torvane macro. Reason: " + std::u16string(rows[i].text));
+    }
+}
+
+TEST(MacroErrorReasonsTest, OtherCodesHaveNoText)
+{
+    for (const int32_t code : {0, 3, 4, 11, 16, 17, 18, 19, 21, 24, 26, 29, 1000, -1}) {
+        EXPECT_EQ(MacroFailedText(code), u"Failed to run Torvane macro.") << code;
+    }
+}
+
+} // namespace tv

@@ -1,0 +1,203 @@
+#include "cad/watchdog.h"
+
+#include "fakes/platform/fake_platform.h"
+
+#include <gtest/gtest.h>
+
+namespace tv {
+
+namespace {
+
+using fakes::PostedMessage;
+
+constexpr uint32_t kProcess = 4100;
+
+class WatchdogTest : public testing::Test
+{
+  protected:
+    WatchdogTest() { SchedulerDialogSeen() = false; }
+
+    /// Messages that one scan posts to a window with that title.
+    std::vector<PostedMessage> AnswerTo(const std::u16string& title, const std::u16string& parentTitle = {})
+    {
+        fakes::FakePlatform desk;
+        const WindowHandle parent = parentTitle.empty() ? 0 : desk.desktop.AddWindow(1, parentTitle);
+        window = desk.desktop.AddWindow(kProcess, title, parent);
+        Watchdog guard(desk.platform, process, [] {});
+        const std::unique_ptr<StopEvent> stop = desk.threads.MakeStopEvent();
+        desk.clock.After(1000, [&] { stop->Signal(); });
+        guard.ScanWindows(*stop);
+        return desk.desktop.Posted();
+    }
+    std::vector<PostedMessage> Key(uint32_t key) const { return {{window, 256, key, 0}, {window, 257, key, 0}}; }
+
+    std::atomic<uint32_t> process{kProcess};
+    WindowHandle window = 0;
+    fakes::FakePlatform machine;
+    int lateStops = 0;
+    Watchdog watchdog{machine.platform, process, [this] { ++lateStops; }};
+};
+
+const std::vector<PostedMessage> kNothing;
+
+} // namespace
+
+TEST_F(WatchdogTest, TheRulesAreTheseInThisOrder)
+{
+    const WatchdogRule expected[] = {
+        {TitleMatch::BeginsWith, u"Torvane", DialogAnswer::PressReturn},
+        {TitleMatch::Holds, u"Torvane.exe", DialogAnswer::PressReturn},
+        {TitleMatch::Is, u"Formlyn", DialogAnswer::PressEscapeBelowApplication},
+        {TitleMatch::Is, u"Microsoft Visual Basic", DialogAnswer::PressReturn},
+        {TitleMatch::BeginsWith, u"Microsoft Visual Basic [break]", DialogAnswer::Close},
+        {TitleMatch::EndsWith, u"Torvane Task Scheduler", DialogAnswer::NoteSchedulerAndPressReturn},
+    };
+    ASSERT_EQ(std::size(kWatchdogRules), std::size(expected));
+    for (size_t i = 0; i < std::size(expected); ++i) {
+        EXPECT_EQ(kWatchdogRules[i].match, expected[i].match) << i;
+        EXPECT_EQ(kWatchdogRules[i].title, expected[i].title) << i;
+        EXPECT_EQ(kWatchdogRules[i].answer, expected[i].answer) << i;
+    }
+}
+
+TEST_F(WatchdogTest, AnApplicationWindowGetsReturn)
+{
+    EXPECT_EQ(AnswerTo(u"Torvane"), Key(13));
+    EXPECT_EQ(AnswerTo(u"Torvane 2013 - [Part1]"), Key(13));
+}
+
+TEST_F(WatchdogTest, CaseIsRespected)
+{
+    EXPECT_EQ(AnswerTo(u"torvane"), kNothing);
+    EXPECT_EQ(AnswerTo(u"about TORVANE.EXE"), kNothing);
+}
+
+TEST_F(WatchdogTest, ATitleThatHoldsTheProgramsNameGetsReturn)
+{
+    EXPECT_EQ(AnswerTo(u"Error in Torvane.exe module"), Key(13));
+}
+
+TEST_F(WatchdogTest, AFormlynWindowBelowTheApplicationGetsEscape)
+{
+    EXPECT_EQ(AnswerTo(u"Formlyn", u"Torvane 2013"), Key(27));
+}
+
+TEST_F(WatchdogTest, AFormlynWindowBelowAnythingElseGetsNothing)
+{
+    EXPECT_EQ(AnswerTo(u"Formlyn", u"Other"), kNothing);
+    EXPECT_EQ(AnswerTo(u"Formlyn"), kNothing);
+    EXPECT_EQ(AnswerTo(u"Formlyn Setup", u"Torvane 2013"), kNothing);
+}
+
+TEST_F(WatchdogTest, TheErrorBoxOfTheMacroLanguageGetsReturn)
+{
+    EXPECT_EQ(AnswerTo(u"Microsoft Visual Basic"), Key(13));
+}
+
+TEST_F(WatchdogTest, TheEditorInBreakModeIsClosed)
+{
+    EXPECT_EQ(AnswerTo(u"Microsoft Visual Basic [break] - TVMacro1"), (std::vector<PostedMessage>{{window, 16, 0, 0}}));
+    EXPECT_EQ(AnswerTo(u"Microsoft Visual Basic [break]"), (std::vector<PostedMessage>{{window, 16, 0, 0}}));
+}
+
+TEST_F(WatchdogTest, TheEditorWithAnyOtherTitleGetsNothing)
+{
+    EXPECT_EQ(AnswerTo(u"Microsoft Visual Basic - TVMacro1"), kNothing);
+}
+
+TEST_F(WatchdogTest, TheSchedulersDialogSetsTheFlagAndGetsReturn)
+{
+    EXPECT_EQ(AnswerTo(u"Welcome to Torvane Task Scheduler"), Key(13));
+    EXPECT_TRUE(SchedulerDialogSeen());
+}
+
+TEST_F(WatchdogTest, TheSchedulersNameAloneGetsReturnAndDoesNotSetTheFlag)
+{
+    EXPECT_EQ(AnswerTo(u"Torvane Task Scheduler"), Key(13));
+    EXPECT_FALSE(SchedulerDialogSeen());
+}
+
+TEST_F(WatchdogTest, AWindowOfAnotherProcessIsLeftAlone)
+{
+    machine.desktop.AddWindow(1, u"Torvane");
+    machine.desktop.AddWindow(1, u"My Torvane Task Scheduler");
+    const std::unique_ptr<StopEvent> stop = machine.threads.MakeStopEvent();
+    machine.clock.After(1000, [&] { stop->Signal(); });
+    watchdog.ScanWindows(*stop);
+    EXPECT_TRUE(machine.desktop.Posted().empty());
+    EXPECT_FALSE(SchedulerDialogSeen());
+}
+
+TEST_F(WatchdogTest, AWindowThatStaysGetsTheSameKeysASecondLater)
+{
+    machine.desktop.AddWindow(kProcess, u"Torvane");
+    const std::unique_ptr<StopEvent> stop = machine.threads.MakeStopEvent();
+    machine.clock.After(3000, [&] { stop->Signal(); });
+    watchdog.ScanWindows(*stop);
+    EXPECT_EQ(machine.desktop.Posted().size(), 6u);
+    EXPECT_EQ(machine.clock.Sleeps(), (std::vector<uint32_t>{1000, 1000, 1000}));
+}
+
+TEST_F(WatchdogTest, AStopBeforeTheFirstPassMeansNoScan)
+{
+    machine.desktop.AddWindow(kProcess, u"Torvane");
+    const std::unique_ptr<StopEvent> stop = machine.threads.MakeStopEvent();
+    stop->Signal();
+    watchdog.ScanWindows(*stop);
+    EXPECT_TRUE(machine.desktop.Posted().empty());
+    EXPECT_EQ(machine.clock.SleepCount(), 0u);
+}
+
+TEST_F(WatchdogTest, TheThreadEndsAfter1800PassesAndDoesNotCloseTheApplication)
+{
+    const std::unique_ptr<StopEvent> stop = machine.threads.MakeStopEvent();
+    watchdog.ScanWindows(*stop);
+    EXPECT_EQ(machine.clock.SleepCount(), 1800u);
+    EXPECT_EQ(lateStops, 0);
+}
+
+TEST_F(WatchdogTest, AStopDuringThe1800thPassClosesTheApplication)
+{
+    const std::unique_ptr<StopEvent> stop = machine.threads.MakeStopEvent();
+    machine.clock.After(1'800'000, [&] { stop->Signal(); });
+    watchdog.ScanWindows(*stop);
+    EXPECT_EQ(machine.clock.SleepCount(), 1800u);
+    EXPECT_EQ(lateStops, 1);
+}
+
+TEST_F(WatchdogTest, AStopDuringThe1799thPassClosesNothing)
+{
+    const std::unique_ptr<StopEvent> stop = machine.threads.MakeStopEvent();
+    machine.clock.After(1'799'000, [&] { stop->Signal(); });
+    watchdog.ScanWindows(*stop);
+    EXPECT_EQ(machine.clock.SleepCount(), 1799u);
+    EXPECT_EQ(lateStops, 0);
+}
+
+TEST_F(WatchdogTest, StartingClearsTheFlagAndBeginsAThread)
+{
+    SchedulerDialogSeen() = true;
+    watchdog.Start();
+    EXPECT_FALSE(SchedulerDialogSeen());
+    EXPECT_TRUE(watchdog.IsRunning());
+    EXPECT_EQ(machine.threads.LiveThreads(), 1u);
+    watchdog.Stop();
+    EXPECT_EQ(machine.threads.LiveThreads(), 0u);
+    EXPECT_EQ(machine.threads.LiveEvents(), 0u);
+}
+
+TEST_F(WatchdogTest, StartingTwiceStopsTheFirstThread)
+{
+    watchdog.Start();
+    watchdog.Start();
+    EXPECT_EQ(machine.threads.StartedCount(), 2u);
+    EXPECT_EQ(machine.threads.LiveThreads(), 1u);
+}
+
+TEST_F(WatchdogTest, StoppingWhatDoesNotRunDoesNothing)
+{
+    watchdog.Stop();
+    EXPECT_EQ(machine.log.CountOf("threads.Signal"), 0u);
+}
+
+} // namespace tv
