@@ -1,0 +1,111 @@
+#include "server/child_job.h"
+
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <cstring>
+#include <sys/socket.h>
+#include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
+
+namespace {
+
+using namespace tv::kernel;
+using std::chrono::milliseconds;
+using std::chrono::steady_clock;
+
+const Limits kPlenty{milliseconds(60'000), uint64_t{2} << 30};
+
+/// Reads memory that the compiler can't know to be unused.
+std::string Hog()
+{
+    size_t sum = 0;
+    std::vector<std::vector<char>> blocks;
+    while (true) {
+        blocks.emplace_back(size_t{8} << 20, 'x');
+        sum += static_cast<size_t>(blocks.back()[sum % 1000]);
+    }
+    return std::to_string(sum);
+}
+
+std::string Loop()
+{
+    volatile bool forever = true;
+    while (forever) {
+    }
+    return {};
+}
+
+bool HasChildren()
+{
+    return waitpid(-1, nullptr, WNOHANG) >= 0 || errno != ECHILD;
+}
+
+TEST(ChildJob, GivesBackWhatTheWorkReturned)
+{
+    const std::string large(300'000, 'y');
+    EXPECT_EQ(**RunInChild([&large] { return large; }, kPlenty, "a.step", kNobodyWatches), large);
+    EXPECT_FALSE(HasChildren());
+}
+
+TEST(ChildJob, WhatTheWorkPrintsGoesNowhere)
+{
+    testing::internal::CaptureStdout();
+    EXPECT_EQ(**RunInChild(
+                  [] {
+                      const char noise[] = "noise";
+                      return std::to_string(write(STDOUT_FILENO, noise, 5));
+                  },
+                  kPlenty, "a.step", kNobodyWatches),
+              "5");
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
+}
+
+TEST(ChildJob, ALoopIsEndedAtTheTimeLimit)
+{
+    const auto before = steady_clock::now();
+    const auto result = RunInChild(Loop, {milliseconds(200), kPlenty.memoryBytes}, "a.step", kNobodyWatches);
+    EXPECT_LT(steady_clock::now() - before, std::chrono::seconds(10));
+    EXPECT_EQ(result->error().code, ErrorCode::TimedOut);
+    EXPECT_EQ(result->error().message, "\"a.step\": the job was ended at its time limit of 200 ms.");
+    EXPECT_FALSE(HasChildren());
+}
+
+TEST(ChildJob, AHogIsEndedAtTheMemoryLimit)
+{
+    const auto result = RunInChild(Hog, {kPlenty.time, uint64_t{512} << 20}, "a.step", kNobodyWatches);
+    EXPECT_EQ(result->error().code, ErrorCode::OutOfMemory);
+    EXPECT_EQ(result->error().message, "\"a.step\": the job was ended at its memory limit of 512 MB.");
+    EXPECT_FALSE(HasChildren());
+}
+
+TEST(ChildJob, ACrashIsAFailedJob)
+{
+    const auto result = RunInChild(
+        [] {
+            std::signal(SIGABRT, SIG_DFL);
+            std::raise(SIGABRT);
+            return std::string();
+        },
+        kPlenty, "a.step", kNobodyWatches);
+    EXPECT_EQ(result->error().code, ErrorCode::Crashed);
+    EXPECT_NE(result->error().message.find("a.step"), std::string::npos);
+    EXPECT_FALSE(HasChildren());
+}
+
+TEST(ChildJob, EndsWhenNobodyWaitsForItAnyMore)
+{
+    int ends[2];
+    ASSERT_EQ(socketpair(AF_UNIX, SOCK_STREAM, 0, ends), 0);
+    std::thread leaver([&ends] {
+        std::this_thread::sleep_for(milliseconds(100));
+        close(ends[1]);
+    });
+    EXPECT_FALSE(RunInChild(Loop, kPlenty, "a.step", ends[0]).has_value());
+    leaver.join();
+    close(ends[0]);
+    EXPECT_FALSE(HasChildren());
+}
+
+} // namespace
