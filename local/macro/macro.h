@@ -102,8 +102,6 @@ public:
     void RequestStop();
 
 private:
-    class Runner;
-
     Host& host;
     Limits limits;
     std::atomic<bool> stopRequested = false;

@@ -20,13 +20,17 @@ public:
     void Release() const
     {
         if (--references == 0) {
-            delete this;
+            Destroy(this);
         }
     }
 
     uint32_t References() const { return references; }
 
 private:
+    /// Deletes without deep recursion, however deeply values hold each other.
+    static void Destroy(const RefCounted* object);
+
+    mutable const RefCounted* nextToDestroy = nullptr;
     mutable uint32_t references = 0;
 };
 

@@ -1,0 +1,560 @@
+// Statements and functions of files.
+
+#include "macro/builtins.h"
+#include "macro/convert.h"
+#include "macro/dates.h"
+#include "macro/runtime.h"
+#include "macro/text.h"
+
+#include <cmath>
+
+namespace tv::macro {
+
+namespace {
+
+constexpr size_t kZone = 14;
+
+Value OpenStatement(Runtime& runtime, const Arguments& a)
+{
+    runtime.files.Open(a[3].ToLong(), a[0].ToText(), static_cast<OpenMode>(a[1].ToLong()), a[2].ToBoolean());
+    return Value();
+}
+
+Value CloseStatement(Runtime& runtime, const Arguments& a)
+{
+    if (a.Count() == 0) {
+        runtime.files.CloseAll();
+    }
+    for (const Value& number : a.All()) {
+        runtime.files.Close(number.ToLong());
+    }
+    return Value();
+}
+
+/// A value as Print shows it: a number has a sign or blank in front and a blank behind.
+std::u16string PrintedText(const Value& given)
+{
+    Value value = given.Resolved().IsObject() ? DefaultValue(given) : given.Resolved();
+    if (value.IsNull()) {
+        return u"Null";
+    }
+    bool isNumber = value.IsNumeric() && value.Kind() != Type::Boolean && value.Kind() != Type::Date;
+    std::u16string text = value.ToText();
+    if (!isNumber) {
+        return text;
+    }
+    return (text[0] == u'-' ? std::u16string() : std::u16string(u" ")) + text + u" ";
+}
+
+/// Lays out the items of a Print statement from a column on.
+std::u16string LayOut(const std::u16string& layout, const Arguments& a, size_t column)
+{
+    std::u16string line;
+    auto moveTo = [&](size_t wanted) {
+        if (wanted < column) {
+            line += u"\r\n";
+            column = 0;
+        }
+        line.append(wanted - column, u' ');
+        column = wanted;
+    };
+    size_t next = 2;
+    bool open = false;
+    for (char16_t item : layout) {
+        open = item != u'v';
+        switch (item) {
+        case u'v': {
+            std::u16string text = PrintedText(a.All()[next++]);
+            size_t lineStart = text.rfind(u'\n');
+            column = lineStart == std::u16string::npos ? column + text.size() : text.size() - lineStart - 1;
+            line += text;
+            break;
+        }
+        case u',':
+            moveTo((column / kZone + 1) * kZone);
+            break;
+        case u's':
+            moveTo(column + static_cast<size_t>(std::max(0, a[next++].ToLong())));
+            break;
+        case u't':
+            moveTo(static_cast<size_t>(std::max(1, a[next++].ToLong())) - 1);
+            break;
+        default:
+            break;
+        }
+    }
+    return open ? line : line + u"\r\n";
+}
+
+Value PrintStatement(Runtime& runtime, const Arguments& a)
+{
+    const std::u16string layout = a[0].ToText();
+    if (a.Has(1)) {
+        int32_t number = a[1].ToLong();
+        size_t column = runtime.files.ForPrinting(number).column;
+        runtime.files.Print(number, LayOut(layout, a, column));
+        return Value();
+    }
+    runtime.debugLine += LayOut(layout, a, runtime.debugLine.size());
+    if (runtime.debugLine.ends_with(u"\r\n")) {
+        runtime.debugLine.resize(runtime.debugLine.size() - 2);
+        runtime.host.DebugPrint(runtime.debugLine);
+        runtime.debugLine.clear();
+    }
+    return Value();
+}
+
+/// A value as Write # writes it, so that Input # reads it back.
+std::u16string WrittenText(const Value& given)
+{
+    Value value = given.Resolved().IsObject() ? DefaultValue(given) : given.Resolved();
+    switch (value.Kind()) {
+    case Type::Empty:
+        return {};
+    case Type::Null:
+        return u"#NULL#";
+    case Type::Boolean:
+        return value.Truth() ? u"#TRUE#" : u"#FALSE#";
+    case Type::Error:
+        return u"#ERROR " + Widen(std::to_string(value.Whole())) + u"#";
+    case Type::Date: {
+        DateParts parts = SplitDate(value.Number());
+        char buffer[64];
+        bool midnight = parts.hour == 0 && parts.minute == 0 && parts.second == 0;
+        std::string text;
+        if (std::trunc(value.Number()) != 0 || midnight) {
+            std::snprintf(buffer, sizeof buffer, "%04d-%02d-%02d", parts.year, parts.month, parts.day);
+            text = buffer;
+        }
+        if (!midnight) {
+            std::snprintf(buffer, sizeof buffer, "%s%02d:%02d:%02d", text.empty() ? "" : " ", parts.hour, parts.minute,
+                          parts.second);
+            text += buffer;
+        }
+        return u"#" + Widen(text) + u"#";
+    }
+    case Type::String:
+        return u"\"" + value.Text() + u"\"";
+    default:
+        return value.ToText();
+    }
+}
+
+Value WriteStatement(Runtime& runtime, const Arguments& a)
+{
+    std::u16string line;
+    for (size_t i = 2; i < a.Count(); ++i) {
+        line += (i > 2 ? u"," : u"") + WrittenText(a.All()[i]);
+    }
+    const std::u16string layout = a[0].ToText();
+    bool open = !layout.empty() && layout.back() != u'v';
+    runtime.files.Print(a[1].ToLong(), line + (open ? u"," : u"\r\n"));
+    return Value();
+}
+
+Value LineInputStatement(Runtime& runtime, const Arguments& a) { return Value(runtime.files.ReadLine(a[0].ToLong())); }
+Value InputStatement(Runtime& runtime, const Arguments& a) { return runtime.files.ReadField(a[0].ToLong()); }
+
+Value InputFunction(Runtime& runtime, const Arguments& a)
+{
+    int32_t count = a[0].ToLong();
+    if (count < 0) {
+        Raise(kInvalidCall);
+    }
+    return Value(runtime.files.ReadUnits(a[1].ToLong(), static_cast<size_t>(count)));
+}
+
+size_t BinarySize(Type type)
+{
+    switch (type) {
+    case Type::Byte:
+        return 1;
+    case Type::Integer:
+    case Type::Boolean:
+        return 2;
+    case Type::Long:
+    case Type::Single:
+        return 4;
+    case Type::Double:
+    case Type::Date:
+    case Type::Currency:
+    case Type::LongLong:
+        return 8;
+    default:
+        Raise(kTypeMismatch);
+    }
+}
+
+std::string ToBytes(const Value& value)
+{
+    if (value.IsString()) {
+        return ToNarrow(value.Text());
+    }
+    if (value.IsArray()) {
+        std::string bytes;
+        for (const Value& item : value.ArrayPointer()->items) {
+            bytes += ToBytes(item);
+        }
+        return bytes;
+    }
+    size_t size = BinarySize(value.Kind());
+    char raw[8] = {};
+    if (value.Kind() == Type::Single) {
+        float number = static_cast<float>(value.Number());
+        __builtin_memcpy(raw, &number, sizeof number);
+    } else if (value.Kind() == Type::Double || value.Kind() == Type::Date) {
+        double number = value.Number();
+        __builtin_memcpy(raw, &number, sizeof number);
+    } else {
+        int64_t number = value.Kind() == Type::Boolean ? (value.Truth() ? -1 : 0) : value.Whole();
+        __builtin_memcpy(raw, &number, sizeof number);
+    }
+    return std::string(raw, size);
+}
+
+Value FromBytes(Type type, std::string bytes)
+{
+    bytes.resize(8, '\0');
+    int64_t whole = 0;
+    __builtin_memcpy(&whole, bytes.data(), sizeof whole);
+    switch (type) {
+    case Type::Byte:
+        return Value::FromByte(static_cast<uint8_t>(whole));
+    case Type::Integer:
+        return Value(static_cast<int16_t>(whole));
+    case Type::Boolean:
+        return Value(static_cast<int16_t>(whole) != 0);
+    case Type::Long:
+        return Value(static_cast<int32_t>(whole));
+    case Type::LongLong:
+        return Value(whole);
+    case Type::Currency:
+        return Value::FromCurrency(whole);
+    case Type::Single: {
+        float number = 0;
+        __builtin_memcpy(&number, bytes.data(), sizeof number);
+        return Value(number);
+    }
+    default: {
+        double number = 0;
+        __builtin_memcpy(&number, bytes.data(), sizeof number);
+        return type == Type::Date ? Value::FromDate(number) : Value(number);
+    }
+    }
+}
+
+int64_t TransferPosition(const Arguments& a)
+{
+    if (!a.Has(1)) {
+        return 0;
+    }
+    int64_t position = a[1].ToLongLong();
+    if (position < 1) {
+        throw MacroError(63);
+    }
+    return position;
+}
+
+/// Get: the variable's present value tells how much is read.
+Value GetStatement(Runtime& runtime, const Arguments& a)
+{
+    int32_t number = a[0].ToLong();
+    int64_t position = TransferPosition(a);
+    const Value& present = a.All()[2].Resolved();
+    if (present.IsString()) {
+        std::u16string text = FromNarrow(runtime.files.ReadBytes(number, position, present.Text().size()));
+        text.resize(present.Text().size(), u'\0');
+        return Value(std::move(text));
+    }
+    if (present.IsArray()) {
+        Ref<Array> filled = present.ArrayPointer()->Clone();
+        for (Value& item : filled->items) {
+            item = FromBytes(item.Kind(), runtime.files.ReadBytes(number, position, BinarySize(item.Kind())));
+            position = 0;
+        }
+        return Value(filled);
+    }
+    return FromBytes(present.Kind(), runtime.files.ReadBytes(number, position, BinarySize(present.Kind())));
+}
+
+Value PutStatement(Runtime& runtime, const Arguments& a)
+{
+    runtime.files.WriteBytes(a[0].ToLong(), TransferPosition(a), ToBytes(a.All()[2].Resolved()));
+    return Value();
+}
+
+Value SeekStatement(Runtime& runtime, const Arguments& a)
+{
+    int64_t position = a[1].ToLongLong();
+    if (position < 1) {
+        throw MacroError(63);
+    }
+    runtime.files.Seek(runtime.files.At(a[0].ToLong()), static_cast<uint64_t>(position) - 1);
+    return Value();
+}
+
+Value Seek(Runtime& runtime, const Arguments& a)
+{
+    return Value(static_cast<int32_t>(runtime.files.Position(runtime.files.At(a[0].ToLong()))) + 1);
+}
+
+Value Loc(Runtime& runtime, const Arguments& a)
+{
+    return Value(static_cast<int32_t>(runtime.files.Position(runtime.files.At(a[0].ToLong()))));
+}
+
+Value Eof(Runtime& runtime, const Arguments& a)
+{
+    return Value(runtime.files.AtEnd(runtime.files.At(a[0].ToLong())));
+}
+
+Value Lof(Runtime& runtime, const Arguments& a)
+{
+    return Value(static_cast<int32_t>(runtime.files.At(a[0].ToLong()).file->Size()));
+}
+
+Value FreeFile(Runtime& runtime, const Arguments& a)
+{
+    return Value(static_cast<int16_t>(runtime.files.FreeNumber(a.Has(0) && a[0].ToLong() == 1)));
+}
+
+std::u16string FolderOf(const std::u16string& path)
+{
+    size_t end = path.find_last_of(u"\\/");
+    return end == std::u16string::npos ? std::u16string() : path.substr(0, end + 1);
+}
+
+std::u16string NameOf(const std::u16string& path)
+{
+    size_t end = path.find_last_of(u"\\/");
+    return end == std::u16string::npos ? path : path.substr(end + 1);
+}
+
+bool HasWildcards(std::u16string_view text) { return text.find_first_of(u"*?") != std::u16string_view::npos; }
+
+/// Wildcards of file names: "*.*" is every name, and brackets mean themselves.
+bool FileNameMatches(std::u16string_view name, std::u16string_view pattern)
+{
+    if (pattern == u"*.*") {
+        return true;
+    }
+    std::u16string like;
+    for (char16_t unit : pattern) {
+        if (unit == u'[' || unit == u'#') {
+            like.append({u'[', unit, u']'});
+        } else {
+            like.push_back(unit);
+        }
+    }
+    return MatchesPattern(name, like, true);
+}
+
+std::vector<FileEntry> ListMatching(Runtime& runtime, const std::u16string& path)
+{
+    std::u16string folder = FolderOf(path);
+    std::vector<FileEntry> matching;
+    for (FileEntry& entry : runtime.host.Files().List(folder.empty() ? runtime.host.Files().CurrentFolder() : folder)) {
+        if (FileNameMatches(entry.name, NameOf(path))) {
+            matching.push_back(std::move(entry));
+        }
+    }
+    return matching;
+}
+
+Value Kill(Runtime& runtime, const Arguments& a)
+{
+    std::u16string path = a[0].ToText();
+    FileSystem& files = runtime.host.Files();
+    if (runtime.files.IsOpen(path)) {
+        Raise(kFileAlreadyOpen);
+    }
+    if (!HasWildcards(path)) {
+        std::optional<FileEntry> entry = files.Find(path);
+        if (!entry || entry->isFolder) {
+            Raise(kFileNotFound);
+        }
+        files.Delete(path);
+        return Value();
+    }
+    bool found = false;
+    for (const FileEntry& entry : ListMatching(runtime, path)) {
+        if (!entry.isFolder) {
+            found = true;
+            files.Delete(FolderOf(path) + entry.name);
+        }
+    }
+    if (!found) {
+        Raise(kFileNotFound);
+    }
+    return Value();
+}
+
+Value NameStatement(Runtime& runtime, const Arguments& a)
+{
+    FileSystem& files = runtime.host.Files();
+    std::u16string from = a[0].ToText();
+    std::u16string to = a[1].ToText();
+    if (!files.Find(from)) {
+        Raise(kFileNotFound);
+    }
+    if (!EqualIgnoringCase(from, to) && files.Find(to)) {
+        Raise(kFileExists);
+    }
+    if (runtime.files.IsOpen(from)) {
+        Raise(kFileAlreadyOpen);
+    }
+    files.Rename(from, to);
+    return Value();
+}
+
+Value MkDir(Runtime& runtime, const Arguments& a)
+{
+    std::u16string path = a[0].ToText();
+    if (runtime.host.Files().Find(path)) {
+        Raise(kPathFileAccess);
+    }
+    runtime.host.Files().CreateFolder(path);
+    return Value();
+}
+
+Value RmDir(Runtime& runtime, const Arguments& a)
+{
+    std::u16string path = a[0].ToText();
+    std::optional<FileEntry> entry = runtime.host.Files().Find(path);
+    if (!entry || !entry->isFolder) {
+        Raise(kPathNotFound);
+    }
+    if (!runtime.host.Files().List(path).empty()) {
+        Raise(kPathFileAccess);
+    }
+    runtime.host.Files().RemoveFolder(path);
+    return Value();
+}
+
+Value ChDir(Runtime& runtime, const Arguments& a)
+{
+    runtime.host.Files().ChangeFolder(a[0].ToText());
+    return Value();
+}
+
+Value ChDrive(Runtime&, const Arguments&) { return Value(); }
+Value CurDir(Runtime& runtime, const Arguments&) { return Value(runtime.host.Files().CurrentFolder()); }
+
+FileEntry FileAt(Runtime& runtime, const Arguments& a)
+{
+    std::optional<FileEntry> entry = runtime.host.Files().Find(a[0].ToText());
+    if (!entry) {
+        Raise(kFileNotFound);
+    }
+    return *entry;
+}
+
+Value FileLen(Runtime& runtime, const Arguments& a)
+{
+    return Value(static_cast<int32_t>(FileAt(runtime, a).size));
+}
+
+Value FileDateTime(Runtime& runtime, const Arguments& a) { return Value::FromDate(FileAt(runtime, a).modified); }
+
+Value FileCopy(Runtime& runtime, const Arguments& a)
+{
+    std::u16string from = a[0].ToText();
+    if (runtime.files.IsOpen(from)) {
+        Raise(kPermissionDenied);
+    }
+    FileAt(runtime, a);
+    runtime.host.Files().Copy(from, a[1].ToText());
+    return Value();
+}
+
+Value GetAttr(Runtime& runtime, const Arguments& a)
+{
+    FileEntry entry = FileAt(runtime, a);
+    constexpr int32_t kArchive = 32;
+    int32_t attributes = entry.isFolder ? 16 : kArchive;
+    attributes += entry.isReadOnly ? 1 : 0;
+    attributes += entry.isHidden ? 2 : 0;
+    return Value(static_cast<int16_t>(attributes));
+}
+
+Value SetAttr(Runtime& runtime, const Arguments& a)
+{
+    FileAt(runtime, a);
+    runtime.host.Files().SetReadOnly(a[0].ToText(), (a[1].ToLong() & 1) != 0);
+    return Value();
+}
+
+Value Dir(Runtime& runtime, const Arguments& a)
+{
+    if (a.Has(0)) {
+        std::u16string path = a[0].ToText();
+        int32_t attributes = a.Has(1) ? a[1].ToLong() : 0;
+        bool wantsFolders = (attributes & 16) != 0;
+        bool wantsHidden = (attributes & 2) != 0;
+        if (path.empty() || path.back() == u'\\' || path.back() == u'/') {
+            path += u"*";
+        }
+        runtime.listing.clear();
+        runtime.listingAt = 0;
+        try {
+            for (const FileEntry& entry : ListMatching(runtime, path)) {
+                if ((!entry.isFolder || wantsFolders) && (!entry.isHidden || wantsHidden)) {
+                    runtime.listing.push_back(entry.name);
+                }
+            }
+        } catch (const MacroError&) {
+            // A folder that isn't there has no files.
+            runtime.listing.clear();
+        }
+    } else if (runtime.listingAt >= runtime.listing.size()) {
+        Raise(kInvalidCall);
+    }
+    if (runtime.listingAt >= runtime.listing.size()) {
+        runtime.listing.clear();
+        runtime.listingAt = 0;
+        return Value(u"");
+    }
+    std::u16string name = runtime.listing[runtime.listingAt++];
+    if (runtime.listingAt == runtime.listing.size()) {
+        // One more call gives the empty text; the one after that is an error.
+        runtime.listing.emplace_back();
+    }
+    return Value(std::move(name));
+}
+
+constexpr Builtin kFunctions[] = {
+    {u"chdir", 1, 1, Type::Empty, ChDir, u"Path"},
+    {u"chdrive", 1, 1, Type::Empty, ChDrive, u"Drive"},
+    {u"curdir", 0, 1, Type::Variant, CurDir, u"Drive"},
+    {u"dir", 0, 2, Type::Variant, Dir, u"PathName Attributes"},
+    {u"eof", 1, 1, Type::Boolean, Eof, u"FileNumber"},
+    {u"filecopy", 2, 2, Type::Empty, FileCopy, u"Source Destination"},
+    {u"filedatetime", 1, 1, Type::Variant, FileDateTime, u"PathName"},
+    {u"filelen", 1, 1, Type::Long, FileLen, u"PathName"},
+    {u"freefile", 0, 1, Type::Integer, FreeFile, u"RangeNumber"},
+    {u"getattr", 1, 1, Type::Integer, GetAttr, u"PathName"},
+    {u"input", 2, 2, Type::Variant, InputFunction, u"Number FileNumber"},
+    {u"kill", 1, 1, Type::Empty, Kill, u"PathName"},
+    {u"loc", 1, 1, Type::Long, Loc, u"FileNumber"},
+    {u"lof", 1, 1, Type::Long, Lof, u"FileNumber"},
+    {u"mkdir", 1, 1, Type::Empty, MkDir, u"Path"},
+    {u"rmdir", 1, 1, Type::Empty, RmDir, u"Path"},
+    {u"seek", 1, 1, Type::Long, Seek, u"FileNumber"},
+    {u"setattr", 2, 2, Type::Empty, SetAttr, u"PathName Attributes"},
+    {u"#open", 4, 4, Type::Empty, OpenStatement, {}},
+    {u"#close", 0, kAnyNumber, Type::Empty, CloseStatement, {}},
+    {u"#print", 2, kAnyNumber, Type::Empty, PrintStatement, {}},
+    {u"#write", 2, kAnyNumber, Type::Empty, WriteStatement, {}},
+    {u"#lineinput", 1, 1, Type::String, LineInputStatement, {}},
+    {u"#input", 1, 1, Type::Variant, InputStatement, {}},
+    {u"#get", 3, 3, Type::Variant, GetStatement, {}},
+    {u"#put", 3, 3, Type::Empty, PutStatement, {}},
+    {u"#seek", 2, 2, Type::Empty, SeekStatement, {}},
+    {u"#name", 2, 2, Type::Empty, NameStatement, {}},
+};
+
+} // namespace
+
+std::span<const Builtin> FileFunctions() { return kFunctions; }
+
+} // namespace tv::macro

@@ -1,0 +1,241 @@
+// Functions that tell about values, and the constants of the language.
+
+#include "macro/builtins.h"
+#include "macro/convert.h"
+#include "macro/dates.h"
+#include "macro/runtime.h"
+#include "macro/text.h"
+
+#include <algorithm>
+#include <unordered_map>
+
+namespace tv::macro {
+
+namespace {
+
+Value IsArrayValue(Runtime&, const Arguments& a) { return Value(a.All()[0].Resolved().IsArray()); }
+Value IsEmptyValue(Runtime&, const Arguments& a) { return Value(a.All()[0].Resolved().IsEmpty()); }
+Value IsNullValue(Runtime&, const Arguments& a) { return Value(a.All()[0].Resolved().IsNull()); }
+Value IsObjectValue(Runtime&, const Arguments& a) { return Value(a.All()[0].Resolved().IsObject()); }
+Value IsMissingValue(Runtime&, const Arguments& a) { return Value(a.All()[0].Resolved().IsMissing()); }
+Value IsErrorValue(Runtime&, const Arguments& a) { return Value(a.All()[0].Resolved().Kind() == Type::Error); }
+
+Value IsNumericValue(Runtime&, const Arguments& a)
+{
+    const Value& value = a.All()[0].Resolved();
+    if (value.IsString()) {
+        return Value(ParseNumber(value.Text()).has_value());
+    }
+    return Value(value.IsEmpty() || (value.IsNumeric() && value.Kind() != Type::Date));
+}
+
+Value IsDateValue(Runtime&, const Arguments& a)
+{
+    const Value& value = a.All()[0].Resolved();
+    return Value(value.Kind() == Type::Date || (value.IsString() && ParseDate(value.Text()).has_value()));
+}
+
+Value TypeNameOf(Runtime&, const Arguments& a)
+{
+    const Value& value = a.All()[0].Resolved();
+    if (value.IsObject()) {
+        return Value(value.IsNothing() ? u"Nothing" : value.ObjectPointer()->ClassName());
+    }
+    if (value.IsArray()) {
+        return Value(std::u16string(TypeText(value.ArrayPointer()->elementType)) + u"()");
+    }
+    return Value(TypeText(value.Kind()));
+}
+
+Value VarTypeOf(Runtime&, const Arguments& a)
+{
+    constexpr int32_t kArrayFlag = 8192;
+    const Value& value = a.All()[0].Resolved();
+    if (value.IsArray()) {
+        return Value(kArrayFlag + static_cast<int32_t>(value.ArrayPointer()->elementType));
+    }
+    if (value.IsObject() && !value.IsNothing()) {
+        // An object with a default value tells that value's type.
+        try {
+            return Value(static_cast<int32_t>(DefaultValue(value).Kind()));
+        } catch (const MacroError&) {
+            return Value(static_cast<int32_t>(Type::Object));
+        }
+    }
+    return Value(static_cast<int32_t>(value.Kind()));
+}
+
+const Dimension& DimensionOf(const Arguments& a)
+{
+    Ref<Array> array = a[0].ToArray();
+    int32_t index = a.Has(1) ? a[1].ToLong() : 1;
+    if (index < 1 || static_cast<size_t>(index) > array->dimensions.size()) {
+        Raise(kSubscriptOutOfRange);
+    }
+    return array->dimensions[static_cast<size_t>(index) - 1];
+}
+
+Value LowerBound(Runtime&, const Arguments& a) { return Value(DimensionOf(a).lower); }
+
+Value UpperBound(Runtime&, const Arguments& a)
+{
+    const Dimension& dimension = DimensionOf(a);
+    return Value(dimension.lower + dimension.count - 1);
+}
+
+Value MakeArray(Runtime&, const Arguments& a)
+{
+    std::vector<Value> values;
+    for (const Value& value : a.All()) {
+        values.push_back(value.Resolved());
+    }
+    return Value(Array::FromValues(std::move(values)));
+}
+
+Value Rgb(Runtime&, const Arguments& a)
+{
+    int32_t color = 0;
+    for (size_t i = 0; i < 3; ++i) {
+        int32_t part = a[i].ToLong();
+        if (part < 0) {
+            Raise(kInvalidCall);
+        }
+        color |= std::min(part, 255) << (8 * i);
+    }
+    return Value(color);
+}
+
+Value ErrorText(Runtime& runtime, const Arguments& a)
+{
+    if (!a.Has(0)) {
+        return Value(runtime.err->number == 0 ? std::u16string() : runtime.err->description);
+    }
+    int32_t number = a[0].ToLong();
+    return Value(number == 0 ? std::u16string_view() : ErrorDescription(number));
+}
+
+Value ErrorLine(Runtime& runtime, const Arguments&) { return Value(int32_t{runtime.err->line}); }
+
+constexpr Builtin kFunctions[] = {
+    {u"array", 0, kAnyNumber, Type::Variant, MakeArray, {}},
+    {u"erl", 0, 0, Type::Long, ErrorLine, {}},
+    {u"error", 0, 1, Type::Variant, ErrorText, u"ErrorNumber"},
+    {u"isarray", 1, 1, Type::Boolean, IsArrayValue, u"VarName"},
+    {u"isdate", 1, 1, Type::Boolean, IsDateValue, u"Expression"},
+    {u"isempty", 1, 1, Type::Boolean, IsEmptyValue, u"Expression"},
+    {u"iserror", 1, 1, Type::Boolean, IsErrorValue, u"Expression"},
+    {u"ismissing", 1, 1, Type::Boolean, IsMissingValue, u"ArgName"},
+    {u"isnull", 1, 1, Type::Boolean, IsNullValue, u"Expression"},
+    {u"isnumeric", 1, 1, Type::Boolean, IsNumericValue, u"Expression"},
+    {u"isobject", 1, 1, Type::Boolean, IsObjectValue, u"Expression"},
+    {u"lbound", 1, 2, Type::Long, LowerBound, u"ArrayName Dimension"},
+    {u"rgb", 3, 3, Type::Long, Rgb, u"Red Green Blue"},
+    {u"typename", 1, 1, Type::String, TypeNameOf, u"VarName"},
+    {u"ubound", 1, 2, Type::Long, UpperBound, u"ArrayName Dimension"},
+    {u"vartype", 1, 1, Type::Long, VarTypeOf, u"VarName"},
+};
+
+struct NumberConstant
+{
+    std::u16string_view name;
+    int32_t value;
+};
+
+constexpr NumberConstant kNumberConstants[] = {
+    {u"vbempty", 0}, {u"vbnull", 1}, {u"vbinteger", 2}, {u"vblong", 3}, {u"vbsingle", 4}, {u"vbdouble", 5},
+    {u"vbcurrency", 6}, {u"vbdate", 7}, {u"vbstring", 8}, {u"vbobject", 9}, {u"vberror", 10}, {u"vbboolean", 11},
+    {u"vbvariant", 12}, {u"vbbyte", 17}, {u"vblonglong", 20}, {u"vbuserdefinedtype", 36}, {u"vbarray", 8192},
+    {u"vbbinarycompare", 0}, {u"vbtextcompare", 1}, {u"vbdatabasecompare", 2},
+    {u"vbokonly", 0}, {u"vbokcancel", 1}, {u"vbabortretryignore", 2}, {u"vbyesnocancel", 3}, {u"vbyesno", 4},
+    {u"vbretrycancel", 5}, {u"vbcritical", 16}, {u"vbquestion", 32}, {u"vbexclamation", 48},
+    {u"vbinformation", 64}, {u"vbdefaultbutton1", 0}, {u"vbdefaultbutton2", 256}, {u"vbdefaultbutton3", 512},
+    {u"vbapplicationmodal", 0}, {u"vbsystemmodal", 4096},
+    {u"vbok", 1}, {u"vbcancel", 2}, {u"vbabort", 3}, {u"vbretry", 4}, {u"vbignore", 5}, {u"vbyes", 6}, {u"vbno", 7},
+    {u"vbusesystemdayofweek", 0}, {u"vbsunday", 1}, {u"vbmonday", 2}, {u"vbtuesday", 3}, {u"vbwednesday", 4},
+    {u"vbthursday", 5}, {u"vbfriday", 6}, {u"vbsaturday", 7}, {u"vbusesystem", 0}, {u"vbfirstjan1", 1},
+    {u"vbfirstfourdays", 2}, {u"vbfirstfullweek", 3},
+    {u"vbgeneraldate", 0}, {u"vblongdate", 1}, {u"vbshortdate", 2}, {u"vblongtime", 3}, {u"vbshorttime", 4},
+    {u"vbnormal", 0}, {u"vbreadonly", 1}, {u"vbhidden", 2}, {u"vbsystem", 4}, {u"vbvolume", 8},
+    {u"vbdirectory", 16}, {u"vbarchive", 32}, {u"vbalias", 64},
+    {u"vbuppercase", 1}, {u"vblowercase", 2}, {u"vbpropercase", 3}, {u"vbunicode", 64}, {u"vbfromunicode", 128},
+    {u"vbblack", 0}, {u"vbred", 255}, {u"vbgreen", 65280}, {u"vbyellow", 65535}, {u"vbblue", 16711680},
+    {u"vbmagenta", 16711935}, {u"vbcyan", 16776960}, {u"vbwhite", 16777215},
+    {u"vbobjecterror", -2147221504}, {u"vbusecompareoption", -1},
+    {u"vbhide", 0}, {u"vbnormalfocus", 1}, {u"vbminimizedfocus", 2}, {u"vbmaximizedfocus", 3},
+    {u"vbmethod", 1}, {u"vbget", 2}, {u"vblet", 4}, {u"vbset", 8},
+    {u"vbtrue", -1}, {u"vbfalse", 0}, {u"vbusedefault", -2},
+};
+
+struct TextConstant
+{
+    std::u16string_view name;
+    std::u16string_view value;
+};
+
+constexpr TextConstant kTextConstants[] = {
+    {u"vbcr", u"\r"},       {u"vblf", u"\n"},       {u"vbcrlf", u"\r\n"},      {u"vbnewline", u"\r\n"},
+    {u"vbtab", u"\t"},      {u"vbback", u"\b"},     {u"vbformfeed", u"\f"},    {u"vbverticaltab", u"\v"},
+    {u"vbnullstring", u""}, {u"vbnullchar", std::u16string_view(u"\0", 1)},
+};
+
+constexpr std::u16string_view kEnumerations[] = {
+    u"vbmsgboxresult", u"vbmsgboxstyle", u"vbcomparemethod", u"vbdayofweek", u"vbvartype", u"vbtristate",
+    u"vbfileattribute", u"vbstrconv", u"vbdatetimeformat", u"vbcalltype", u"vbappwinstyle", u"vbfirstweekofyear",
+};
+
+} // namespace
+
+std::span<const Builtin> InformationFunctions() { return kFunctions; }
+
+std::optional<Value> FindBuiltinConstant(std::u16string_view folded)
+{
+    for (const NumberConstant& constant : kNumberConstants) {
+        if (constant.name == folded) {
+            return Value(constant.value);
+        }
+    }
+    for (const TextConstant& constant : kTextConstants) {
+        if (constant.name == folded) {
+            return Value(constant.value);
+        }
+    }
+    return std::nullopt;
+}
+
+bool IsBuiltinEnumeration(std::u16string_view folded)
+{
+    return std::find(std::begin(kEnumerations), std::end(kEnumerations), folded) != std::end(kEnumerations);
+}
+
+int32_t FindBuiltin(std::u16string_view folded)
+{
+    static const std::unordered_map<std::u16string_view, int32_t> index = [] {
+        std::unordered_map<std::u16string_view, int32_t> built;
+        for (int32_t i = 0;; ++i) {
+            const Builtin& builtin = GetBuiltin(i);
+            if (builtin.call == nullptr) {
+                return built;
+            }
+            built.emplace(builtin.name, i);
+        }
+    }();
+    auto found = index.find(folded);
+    return found == index.end() ? -1 : found->second;
+}
+
+const Builtin& GetBuiltin(int32_t index)
+{
+    static const std::vector<Builtin> all = [] {
+        std::vector<Builtin> joined;
+        for (std::span<const Builtin> group : {TextFunctions(), NumberFunctions(), DateFunctions(),
+                                               InformationFunctions(), InteractionFunctions(), FileFunctions()}) {
+            joined.insert(joined.end(), group.begin(), group.end());
+        }
+        // Ends the walk that builds the index.
+        joined.push_back(Builtin{});
+        return joined;
+    }();
+    return all[static_cast<size_t>(index)];
+}
+
+} // namespace tv::macro

@@ -1,0 +1,431 @@
+// Functions of texts.
+
+#include "macro/builtins.h"
+#include "macro/convert.h"
+#include "macro/format.h"
+#include "macro/runtime.h"
+#include "macro/text.h"
+
+#include <algorithm>
+
+namespace tv::macro {
+
+namespace {
+
+constexpr size_t kNotFound = std::u16string_view::npos;
+
+/// The compare argument: vbBinaryCompare 0, vbTextCompare 1; left out, what the function's rule says.
+bool IgnoresCase(const Arguments& arguments, size_t index, bool otherwise)
+{
+    if (!arguments.Has(index)) {
+        return otherwise;
+    }
+    int32_t mode = arguments[index].ToLong();
+    if (mode < 0 || mode > 2) {
+        Raise(kInvalidCall);
+    }
+    return mode == 1;
+}
+
+size_t Count(const Value& value)
+{
+    int32_t count = value.ToLong();
+    if (count < 0) {
+        Raise(kInvalidCall);
+    }
+    return static_cast<size_t>(count);
+}
+
+/// A text function of Null is Null.
+template <Value (*Work)(const std::u16string&, const Arguments&)>
+Value OfText(Runtime&, const Arguments& arguments)
+{
+    if (arguments[0].IsNull()) {
+        return Value::Null();
+    }
+    return Work(arguments[0].ToText(), arguments);
+}
+
+Value LeftOf(const std::u16string& text, const Arguments& a) { return Value(text.substr(0, Count(a[1]))); }
+
+Value RightOf(const std::u16string& text, const Arguments& a)
+{
+    return Value(text.substr(text.size() - std::min(text.size(), Count(a[1]))));
+}
+
+Value MidOf(const std::u16string& text, const Arguments& a)
+{
+    size_t start = Count(a[1]);
+    if (start == 0) {
+        Raise(kInvalidCall);
+    }
+    size_t length = a.Has(2) ? Count(a[2]) : kNotFound;
+    return start > text.size() ? Value(u"") : Value(text.substr(start - 1, length));
+}
+
+Value LowerOf(const std::u16string& text, const Arguments&) { return Value(Lower(text)); }
+Value UpperOf(const std::u16string& text, const Arguments&) { return Value(Upper(text)); }
+Value TrimOf(const std::u16string& text, const Arguments&) { return Value(TrimBlanks(text)); }
+
+Value LeftTrimOf(const std::u16string& text, const Arguments&)
+{
+    return Value(text.substr(std::min(text.find_first_not_of(u' '), text.size())));
+}
+
+Value RightTrimOf(const std::u16string& text, const Arguments&)
+{
+    return Value(text.substr(0, text.find_last_not_of(u' ') + 1));
+}
+
+Value ReverseOf(const std::u16string& text, const Arguments&)
+{
+    return Value(std::u16string(text.rbegin(), text.rend()));
+}
+
+Value LengthOf(const std::u16string& text, const Arguments&) { return Value(static_cast<int32_t>(text.size())); }
+Value BytesOf(const std::u16string& text, const Arguments&) { return Value(static_cast<int32_t>(text.size() * 2)); }
+
+Value InStr(Runtime& runtime, const Arguments& a)
+{
+    // With three arguments and more the first one is the start.
+    bool hasStart = a.Count() > 2 && a.Has(2);
+    size_t first = hasStart ? 1 : 0;
+    if (a[first].IsNull() || a[first + 1].IsNull()) {
+        return Value::Null();
+    }
+    int32_t start = hasStart ? a[0].ToLong() : 1;
+    if (start < 1) {
+        Raise(kInvalidCall);
+    }
+    std::u16string text = a[first].ToText();
+    std::u16string wanted = a[first + 1].ToText();
+    size_t from = static_cast<size_t>(start) - 1;
+    if (from >= text.size()) {
+        return Value(int32_t{0});
+    }
+    size_t found = FindText(text, wanted, from, IgnoresCase(a, 3, runtime.compareText));
+    return Value(found == kNotFound ? 0 : static_cast<int32_t>(found) + 1);
+}
+
+Value InStrRev(Runtime& runtime, const Arguments& a)
+{
+    if (a[0].IsNull() || a[1].IsNull()) {
+        return Value::Null();
+    }
+    std::u16string text = a[0].ToText();
+    std::u16string wanted = a[1].ToText();
+    int32_t start = a.Has(2) ? a[2].ToLong() : -1;
+    if (start == 0 || start < -1) {
+        Raise(kInvalidCall);
+    }
+    size_t end = start == -1 ? text.size() : static_cast<size_t>(start);
+    if (end > text.size() || text.empty()) {
+        return Value(int32_t{0});
+    }
+    if (wanted.empty()) {
+        return Value(static_cast<int32_t>(end));
+    }
+    if (wanted.size() > end) {
+        return Value(int32_t{0});
+    }
+    size_t found = FindTextBackwards(std::u16string_view(text).substr(0, end), wanted, end,
+                                     IgnoresCase(a, 3, runtime.compareText));
+    return Value(found == kNotFound ? 0 : static_cast<int32_t>(found) + 1);
+}
+
+Value Replace(Runtime& runtime, const Arguments& a)
+{
+    if (a[0].IsNull()) {
+        Raise(kInvalidUseOfNull);
+    }
+    std::u16string text = a[0].ToText();
+    std::u16string wanted = a[1].ToText();
+    std::u16string with = a[2].ToText();
+    int32_t start = a.Has(3) ? a[3].ToLong() : 1;
+    int32_t most = a.Has(4) ? a[4].ToLong() : -1;
+    if (start < 1 || most < -1) {
+        Raise(kInvalidCall);
+    }
+    bool ignoreCase = IgnoresCase(a, 5, false);
+    size_t at = static_cast<size_t>(start) - 1;
+    if (at >= text.size()) {
+        return Value(u"");
+    }
+    if (wanted.empty()) {
+        return Value(text.substr(at));
+    }
+    std::u16string result;
+    for (int32_t done = 0; most < 0 || done < most; ++done) {
+        size_t found = FindText(text, wanted, at, ignoreCase);
+        if (found == kNotFound) {
+            break;
+        }
+        result.append(text, at, found - at).append(with);
+        at = found + wanted.size();
+        if ((done & 0xFFF) == 0xFFF) {
+            runtime.checkpoint();
+        }
+    }
+    return Value(result + text.substr(at));
+}
+
+Value Split(Runtime&, const Arguments& a)
+{
+    std::u16string text = a[0].ToText();
+    std::u16string delimiter = a.Has(1) ? a[1].ToText() : u" ";
+    int32_t most = a.Has(2) ? a[2].ToLong() : -1;
+    bool ignoreCase = IgnoresCase(a, 3, false);
+    std::vector<std::u16string> parts;
+    if (!text.empty() && most != 0) {
+        size_t at = 0;
+        while (!delimiter.empty() && (most < 0 || parts.size() + 1 < static_cast<size_t>(most))) {
+            size_t found = FindText(text, delimiter, at, ignoreCase);
+            if (found == kNotFound) {
+                break;
+            }
+            parts.push_back(text.substr(at, found - at));
+            at = found + delimiter.size();
+        }
+        parts.push_back(text.substr(at));
+    }
+    return Value(Array::FromTexts(parts));
+}
+
+Value Join(Runtime&, const Arguments& a)
+{
+    Ref<Array> array = a[0].ToArray();
+    if (array->dimensions.size() > 1) {
+        Raise(kInvalidCall);
+    }
+    std::u16string delimiter = a.Has(1) ? a[1].ToText() : u" ";
+    std::u16string result;
+    for (size_t i = 0; i < array->items.size(); ++i) {
+        result += i == 0 ? std::u16string() : delimiter;
+        result += array->items[i].ToText();
+    }
+    return Value(std::move(result));
+}
+
+Value Filter(Runtime&, const Arguments& a)
+{
+    Ref<Array> array = a[0].ToArray();
+    std::u16string wanted = a[1].ToText();
+    bool include = !a.Has(2) || a[2].ToBoolean();
+    bool ignoreCase = IgnoresCase(a, 3, false);
+    std::vector<std::u16string> kept;
+    for (const Value& item : array->items) {
+        std::u16string text = item.ToText();
+        if ((FindText(text, wanted, 0, ignoreCase) != kNotFound) == include) {
+            kept.push_back(std::move(text));
+        }
+    }
+    return Value(Array::FromTexts(kept));
+}
+
+Value Chr(Runtime&, const Arguments& a)
+{
+    int32_t code = a[0].ToLong();
+    if (code < 0 || code > 255) {
+        Raise(kInvalidCall);
+    }
+    return Value(std::u16string(1, NarrowToUnit(static_cast<uint8_t>(code))));
+}
+
+Value ChrW(Runtime&, const Arguments& a)
+{
+    int32_t code = a[0].ToLong();
+    if (code < -32768 || code > 65535) {
+        Raise(kInvalidCall);
+    }
+    return Value(std::u16string(1, static_cast<char16_t>(code & 0xFFFF)));
+}
+
+char16_t FirstUnit(const Arguments& a)
+{
+    std::u16string text = a[0].ToText();
+    if (text.empty()) {
+        Raise(kInvalidCall);
+    }
+    return text[0];
+}
+
+Value Asc(Runtime&, const Arguments& a) { return Value(static_cast<int16_t>(UnitToNarrow(FirstUnit(a)))); }
+Value AscW(Runtime&, const Arguments& a) { return Value(static_cast<int16_t>(FirstUnit(a))); }
+
+std::u16string Repeated(size_t count, char16_t unit)
+{
+    MemoryBudget::Charge(count * sizeof(char16_t));
+    MemoryBudget::Credit(count * sizeof(char16_t));
+    return std::u16string(count, unit);
+}
+
+Value Space(Runtime&, const Arguments& a) { return Value(Repeated(Count(a[0]), u' ')); }
+
+Value String(Runtime&, const Arguments& a)
+{
+    if (a[1].IsNull()) {
+        return Value::Null();
+    }
+    size_t count = Count(a[0]);
+    if (a[1].IsString()) {
+        if (a[1].Text().empty()) {
+            Raise(kInvalidCall);
+        }
+        return Value(Repeated(count, a[1].Text()[0]));
+    }
+    return Value(Repeated(count, NarrowToUnit(static_cast<uint8_t>(a[1].ToLong() & 0xFF))));
+}
+
+Value StrComp(Runtime& runtime, const Arguments& a)
+{
+    if (a[0].IsNull() || a[1].IsNull()) {
+        return Value::Null();
+    }
+    bool ignoreCase = IgnoresCase(a, 2, runtime.compareText);
+    return Value(static_cast<int16_t>(CompareTexts(a[0].ToText(), a[1].ToText(), ignoreCase)));
+}
+
+Value StrConv(Runtime&, const Arguments& a)
+{
+    std::u16string text = a[0].ToText();
+    switch (a[1].ToLong()) {
+    case 1:
+        return Value(Upper(text));
+    case 2:
+        return Value(Lower(text));
+    case 3: {
+        bool start = true;
+        for (char16_t& unit : text) {
+            unit = start ? UpperUnit(unit) : LowerUnit(unit);
+            start = unit == u' ' || unit == u'\t' || unit == u'\r' || unit == u'\n' || unit == 0;
+        }
+        return Value(std::move(text));
+    }
+    default:
+        Raise(kInvalidCall);
+    }
+}
+
+Value Str(Runtime&, const Arguments& a)
+{
+    if (a[0].IsNull()) {
+        return Value::Null();
+    }
+    Value number = a[0].IsString() ? Value(a[0].ToDouble()) : a[0];
+    std::u16string text = number.ToText();
+    bool negative = !text.empty() && text[0] == u'-';
+    return Value(negative || !number.IsNumeric() ? text : u" " + text);
+}
+
+Value Val(Runtime&, const Arguments& a)
+{
+    // Reads as far as it makes sense; blanks between digits don't count.
+    std::u16string text;
+    for (char16_t unit : a[0].ToText()) {
+        if (unit != u' ' && unit != u'\t' && unit != u'\n' && unit != u'\r') {
+            text.push_back(unit);
+        }
+    }
+    bool isRadix = text.size() > 2 && text[0] == u'&';
+    for (size_t length = std::min<size_t>(text.size(), 400); length > 0; --length) {
+        std::u16string_view part = std::u16string_view(text).substr(0, length);
+        if (part.find_first_of(u",$(") != kNotFound || part.back() == u'+' || part.back() == u'-' ||
+            (isRadix && length < 3)) {
+            continue;
+        }
+        if (std::optional<double> number = ParseNumber(part)) {
+            return Value(*number);
+        }
+    }
+    return Value(0.0);
+}
+
+Value Radix(const Value& value, uint32_t bits)
+{
+    if (value.IsNull()) {
+        return Value::Null();
+    }
+    int64_t number = CoerceTo(Type::LongLong, value).Whole();
+    uint64_t rest = static_cast<uint64_t>(number);
+    if (value.Kind() == Type::Integer) {
+        rest &= 0xFFFF;
+    } else if (value.Kind() != Type::LongLong) {
+        rest = FitsInto(Type::Long, number) ? rest & 0xFFFFFFFF : (Raise(kOverflow), 0);
+    }
+    std::u16string text;
+    do {
+        text.insert(text.begin(), u"0123456789ABCDEF"[rest & ((1U << bits) - 1)]);
+        rest >>= bits;
+    } while (rest != 0);
+    return Value(std::move(text));
+}
+
+Value Hex(Runtime&, const Arguments& a) { return Radix(a[0], 4); }
+Value Oct(Runtime&, const Arguments& a) { return Radix(a[0], 3); }
+
+Value Format(Runtime&, const Arguments& a)
+{
+    return Value(FormatValue(a[0], a.Has(1) ? a[1].ToText() : std::u16string()));
+}
+
+/// The statement Mid: a part of the text is overwritten, its length stays.
+Value AssignMid(Runtime&, const Arguments& a)
+{
+    std::u16string text = a[0].ToText();
+    size_t start = Count(a[1]);
+    std::u16string with = a[3].ToText();
+    if (start == 0 || start > text.size()) {
+        Raise(kInvalidCall);
+    }
+    size_t length = std::min({a.Has(2) ? Count(a[2]) : with.size(), with.size(), text.size() - start + 1});
+    return Value(text.replace(start - 1, length, with.substr(0, length)));
+}
+
+/// A String of fixed length: cut or filled with blanks.
+Value Fit(Runtime&, const Arguments& a)
+{
+    std::u16string text = a[0].ToText();
+    text.resize(static_cast<size_t>(a[1].ToLong()), u' ');
+    return Value(std::move(text));
+}
+
+constexpr Builtin kFunctions[] = {
+    {u"asc", 1, 1, Type::Integer, Asc, u"String"},
+    {u"ascw", 1, 1, Type::Integer, AscW, u"String"},
+    {u"chr", 1, 1, Type::Variant, Chr, u"CharCode"},
+    {u"chrw", 1, 1, Type::Variant, ChrW, u"CharCode"},
+    {u"filter", 2, 4, Type::Variant, Filter, u"SourceArray Match Include Compare"},
+    {u"format", 1, 4, Type::Variant, Format, u"Expression Format FirstDayOfWeek FirstWeekOfYear"},
+    {u"hex", 1, 1, Type::Variant, Hex, u"Number"},
+    {u"instr", 2, 4, Type::Variant, InStr, u"Start String1 String2 Compare"},
+    {u"instrrev", 2, 4, Type::Variant, InStrRev, u"StringCheck StringMatch Start Compare"},
+    {u"join", 1, 2, Type::String, Join, u"SourceArray Delimiter"},
+    {u"lcase", 1, 1, Type::Variant, OfText<LowerOf>, u"String"},
+    {u"left", 2, 2, Type::Variant, OfText<LeftOf>, u"String Length"},
+    {u"len", 1, 1, Type::Variant, OfText<LengthOf>, u"Expression"},
+    {u"lenb", 1, 1, Type::Variant, OfText<BytesOf>, u"Expression"},
+    {u"ltrim", 1, 1, Type::Variant, OfText<LeftTrimOf>, u"String"},
+    {u"mid", 2, 3, Type::Variant, OfText<MidOf>, u"String Start Length"},
+    {u"oct", 1, 1, Type::Variant, Oct, u"Number"},
+    {u"replace", 3, 6, Type::String, Replace, u"Expression Find Replace Start Count Compare"},
+    {u"right", 2, 2, Type::Variant, OfText<RightOf>, u"String Length"},
+    {u"rtrim", 1, 1, Type::Variant, OfText<RightTrimOf>, u"String"},
+    {u"space", 1, 1, Type::Variant, Space, u"Number"},
+    {u"split", 1, 4, Type::Variant, Split, u"Expression Delimiter Limit Compare"},
+    {u"str", 1, 1, Type::Variant, Str, u"Number"},
+    {u"strcomp", 2, 3, Type::Variant, StrComp, u"String1 String2 Compare"},
+    {u"strconv", 2, 3, Type::Variant, StrConv, u"String Conversion LocaleID"},
+    {u"string", 2, 2, Type::Variant, String, u"Number Character"},
+    {u"strreverse", 1, 1, Type::String, OfText<ReverseOf>, u"Expression"},
+    {u"trim", 1, 1, Type::Variant, OfText<TrimOf>, u"String"},
+    {u"ucase", 1, 1, Type::Variant, OfText<UpperOf>, u"String"},
+    {u"val", 1, 1, Type::Double, Val, u"String"},
+    {u"#mid", 4, 4, Type::String, AssignMid, {}},
+    {u"#fit", 2, 2, Type::String, Fit, {}},
+};
+
+} // namespace
+
+std::span<const Builtin> TextFunctions() { return kFunctions; }
+
+} // namespace tv::macro

@@ -1,0 +1,612 @@
+#include "macro/compiler.h"
+
+#include "macro/convert.h"
+#include "macro/text.h"
+
+namespace tv::macro {
+
+size_t Compiler::Emit(Op op, int32_t target, uint16_t count, uint8_t flags, int32_t extra)
+{
+    Procedure& procedure = *scope->procedure;
+    procedure.code.push_back(Instruction{op, flags, count, target, extra});
+    procedure.statementOf.push_back(scope->statement);
+    return procedure.code.size() - 1;
+}
+
+uint32_t Compiler::Here() const { return static_cast<uint32_t>(scope->procedure->code.size()); }
+
+void Compiler::PatchToHere(size_t instruction)
+{
+    scope->procedure->code[instruction].target = static_cast<int32_t>(Here());
+}
+
+void Compiler::PatchAllToHere(const std::vector<size_t>& instructions)
+{
+    for (size_t instruction : instructions) {
+        PatchToHere(instruction);
+    }
+}
+
+int32_t Compiler::AddConstant(const Value& value)
+{
+    module->constants.push_back(value);
+    return static_cast<int32_t>(module->constants.size()) - 1;
+}
+
+int32_t Compiler::AddName(std::u16string_view name)
+{
+    auto [found, isNew] = nameIndex.emplace(std::u16string(name), static_cast<int32_t>(module->names.size()));
+    if (isNew) {
+        module->names.emplace_back(name);
+    }
+    return found->second;
+}
+
+int32_t Compiler::NewSlot(const Value& initial)
+{
+    Procedure& procedure = *scope->procedure;
+    procedure.locals.push_back(initial);
+    return static_cast<int32_t>(procedure.parameters.size() + procedure.locals.size()) - 1;
+}
+
+void Compiler::BeginStatement(const Position& at)
+{
+    lastPosition = at;
+    std::vector<StatementInfo>& statements = scope->procedure->statements;
+    scope->statement = static_cast<uint32_t>(statements.size());
+    statements.push_back(StatementInfo{at.line, scope->lineNumber, Here(), Here()});
+}
+
+void Compiler::FinishStatement() { scope->procedure->statements[scope->statement].next = Here(); }
+
+void Compiler::EmitBlock(const Block& block)
+{
+    for (const Statement& statement : block) {
+        Guarded([&] { EmitStatement(statement); });
+    }
+}
+
+void Compiler::EmitStatement(const Statement& statement)
+{
+    BeginStatement(statement.at);
+    uint32_t own = scope->statement;
+    std::visit([this](const auto& body) { EmitBody(body); }, statement.body);
+    // Statements with blocks have set where they go on; a simple one goes on behind itself.
+    if (scope->statement == own) {
+        FinishStatement();
+    }
+}
+
+void Compiler::EmitBody(const LetStatement& statement)
+{
+    EmitAssignment(*statement.target, [&] { return EmitValue(*statement.value); }, false);
+}
+
+void Compiler::EmitBody(const SetStatement& statement)
+{
+    EmitAssignment(*statement.target, [&] { return EmitValue(*statement.value); }, true);
+}
+
+void Compiler::EmitBody(const CallStatement& statement)
+{
+    const Expression& call = *statement.call;
+    const bool hasArguments = call.kind == ExpressionKind::Index;
+    const Expression& target = hasArguments ? *call.base : call;
+    static const std::vector<ArgumentSyntax> none;
+    const std::vector<ArgumentSyntax>& arguments = hasArguments ? call.arguments : none;
+    Type result = Type::Variant;
+    if (target.kind == ExpressionKind::Name) {
+        // A recursive call of a function from within names the function, not its result.
+        std::optional<Type> called = EmitCallByName(target, arguments);
+        if (!called) {
+            Fail(target.at, u"Sub or Function not defined: " + target.name);
+        }
+        result = *called;
+    } else if (target.kind == ExpressionKind::Member && !MemberConstant(target)) {
+        result = EmitMemberCall(target, arguments);
+    } else {
+        result = EmitValue(call);
+    }
+    if (result != Type::Empty) {
+        Emit(Op::Pop);
+    }
+}
+
+void Compiler::EmitBody(const DimStatement& statement)
+{
+    for (const VariableSyntax& variable : statement.variables) {
+        DeclareLocal(variable, statement.isStatic || scope->syntax->isStatic);
+    }
+}
+
+void Compiler::DeclareLocal(const VariableSyntax& written, bool isStatic)
+{
+    std::u16string folded = Lower(written.name);
+    ResolvedType type = Resolve(written.type);
+    Shape shape = MakeShape(written, type);
+    Variable variable;
+    variable.type = type;
+    variable.isArray = written.isArray;
+    if (isStatic) {
+        variable.place = Place::Global;
+        variable.slot = static_cast<int32_t>(module->globals.size());
+        module->globals.push_back(AddShape(std::move(shape)));
+    } else {
+        bool isShaped = written.isArray || type.record >= 0 || type.fixedLength >= 0;
+        variable.slot = NewSlot(isShaped ? Value() : InitialValue(type.type));
+        if (isShaped) {
+            scope->shapedLocals.emplace_back(variable.slot, AddShape(std::move(shape)));
+        }
+    }
+    if (scope->constants.contains(folded) || !scope->variables.emplace(folded, variable).second) {
+        Fail(written.at, u"Duplicate declaration in current scope: " + written.name);
+    }
+}
+
+void Compiler::EmitBody(const ConstStatement& statement)
+{
+    for (const ConstantSyntax& constant : statement.constants) {
+        Value value = EvaluateConstant(*constant.value);
+        Type type = Resolve(constant.type).type;
+        std::u16string folded = Lower(constant.name);
+        if (scope->variables.contains(folded) || !scope->constants.emplace(folded, CoerceTo(type, value)).second) {
+            Fail(constant.at, u"Duplicate declaration in current scope: " + constant.name);
+        }
+    }
+}
+
+void Compiler::EmitBound(const BoundSyntax& bound)
+{
+    if (bound.lower) {
+        EmitValue(*bound.lower);
+    } else {
+        Emit(Op::Push, AddConstant(Value(syntax.optionBase)));
+    }
+    EmitValue(*bound.upper);
+}
+
+void Compiler::EmitBody(const ReDimStatement& statement)
+{
+    for (const ReDimStatement::Item& item : statement.items) {
+        ResolvedType given = Resolve(item.type);
+        if (item.target->kind == ExpressionKind::Name) {
+            std::u16string folded = Lower(item.target->name);
+            if (FindVariable(folded) == nullptr) {
+                // ReDim declares an array that nothing else declares.
+                VariableSyntax declared;
+                declared.name = item.target->name;
+                declared.at = item.target->at;
+                declared.isArray = true;
+                DeclareLocal(declared, false);
+                scope->variables[folded].type = given;
+            }
+        }
+        AddressResult address = EmitAddress(*item.target);
+        if (!address.isReference) {
+            Fail(item.target->at, u"Expected: array");
+        }
+        if (!address.isArray && address.type != Type::Variant) {
+            Fail(item.target->at, u"Expected: array");
+        }
+        Shape element;
+        element.type = item.type.isGiven ? given.type : (address.isArray ? address.type : Type::Variant);
+        element.record = item.type.isGiven ? given.record : (address.isArray ? address.record : -1);
+        for (const BoundSyntax& bound : item.bounds) {
+            EmitBound(bound);
+        }
+        Emit(Op::ReDim, AddShape(element), static_cast<uint16_t>(item.bounds.size()), statement.preserve ? 1 : 0);
+    }
+}
+
+void Compiler::EmitBody(const EraseStatement& statement)
+{
+    for (const ExpressionPtr& target : statement.targets) {
+        AddressResult address = EmitAddress(*target);
+        if (!address.isReference || (!address.isArray && address.type != Type::Variant)) {
+            Fail(target->at, u"Expected: array");
+        }
+        Emit(Op::EraseArray);
+    }
+}
+
+void Compiler::EmitCondition(const Expression& condition) { EmitValue(condition); }
+
+void Compiler::EmitBody(const IfStatement& statement)
+{
+    std::vector<size_t> toEnd;
+    for (size_t i = 0; i < statement.branches.size(); ++i) {
+        const IfStatement::Branch& branch = statement.branches[i];
+        if (i > 0) {
+            BeginStatement(branch.at);
+        }
+        EmitCondition(*branch.condition);
+        size_t toNext = Emit(Op::JumpIfFalse);
+        FinishStatement();
+        EmitBlock(branch.block);
+        bool isLast = i + 1 == statement.branches.size() && statement.otherwise.empty();
+        if (!isLast) {
+            BeginStatement(branch.at);
+            toEnd.push_back(Emit(Op::Jump));
+            FinishStatement();
+        }
+        PatchToHere(toNext);
+    }
+    EmitBlock(statement.otherwise);
+    PatchAllToHere(toEnd);
+    // Statements that follow begin their own record; what is patched here belongs to none.
+    BeginStatement(statement.branches.front().at);
+    FinishStatement();
+}
+
+void Compiler::EmitBody(const SelectStatement& statement)
+{
+    Type subjectType = EmitValue(*statement.subject);
+    if (subjectType == Type::Variant || subjectType == Type::Object) {
+        Emit(Op::LetValue);
+    }
+    Variable subject = NewHidden();
+    Emit(Op::StoreLocal, subject.slot, 0, kRaw);
+    FinishStatement();
+    std::vector<size_t> toEnd;
+    for (const SelectStatement::Case& arm : statement.cases) {
+        BeginStatement(arm.at);
+        std::vector<size_t> toBlock;
+        for (const SelectStatement::Test& test : arm.tests) {
+            EmitCaseTest(test, subject, subjectType);
+            toBlock.push_back(Emit(Op::JumpIfTrue));
+        }
+        size_t toNext = arm.isElse ? 0 : Emit(Op::Jump);
+        FinishStatement();
+        PatchAllToHere(toBlock);
+        EmitBlock(arm.block);
+        BeginStatement(arm.at);
+        toEnd.push_back(Emit(Op::Jump));
+        FinishStatement();
+        if (!arm.isElse) {
+            PatchToHere(toNext);
+        }
+    }
+    PatchAllToHere(toEnd);
+}
+
+void Compiler::EmitCaseTest(const SelectStatement::Test& test, const Variable& subject, Type subjectType)
+{
+    auto compare = [&](Operator operation, const Expression& value) {
+        Emit(Op::LoadLocal, subject.slot);
+        Type type = EmitValue(value);
+        OperandTraits traits{subjectType == Type::Variant, type == Type::Variant, module->compareText};
+        Emit(Op::Binary, 0, PackTraits(traits), static_cast<uint8_t>(operation));
+    };
+    if (!test.upTo) {
+        compare(test.operation, *test.value);
+        return;
+    }
+    compare(Operator::GreaterOrEqual, *test.value);
+    compare(Operator::LessOrEqual, *test.upTo);
+    Emit(Op::Binary, 0, 0, static_cast<uint8_t>(Operator::And));
+}
+
+void Compiler::EmitBody(const ForStatement& statement)
+{
+    if (statement.variable->kind != ExpressionKind::Name) {
+        Fail(statement.variable->at, u"Expected: variable");
+    }
+    Variable variable = VariableOrImplicit(*statement.variable);
+    if (variable.isArray || variable.type.type == Type::Object || variable.type.record >= 0 ||
+        variable.type.type == Type::String || variable.type.type == Type::Boolean) {
+        Fail(statement.variable->at, u"Type mismatch");
+    }
+    int32_t hidden = NewSlot();
+    NewSlot();
+    EmitValue(*statement.first);
+    EmitValue(*statement.last);
+    if (statement.step) {
+        EmitValue(*statement.step);
+    } else {
+        Emit(Op::Push, AddConstant(Value(int16_t{1})));
+    }
+    Emit(Op::ForBegin, 0, 0, static_cast<uint8_t>(variable.type.type), hidden);
+    EmitStore(variable, false);
+    EmitLoad(variable);
+    size_t toExit = Emit(Op::ForTest, 0, 0, 0, hidden);
+    FinishStatement();
+    uint32_t body = Here();
+    scope->loops.push_back(Loop{LoopKind::For, {}});
+    EmitBlock(statement.block);
+    BeginStatement(statement.end);
+    if (variable.place == Place::Local) {
+        Emit(Op::ForFast, static_cast<int32_t>(body), static_cast<uint16_t>(variable.slot),
+             static_cast<uint8_t>(variable.type.type), hidden);
+    } else {
+        EmitLoad(variable);
+        Emit(Op::ForStep, 0, 0, static_cast<uint8_t>(variable.type.type), hidden);
+        EmitStore(variable, false);
+        EmitLoad(variable);
+        size_t toEnd = Emit(Op::ForTest, 0, 0, 0, hidden);
+        Emit(Op::Jump, static_cast<int32_t>(body));
+        PatchToHere(toEnd);
+    }
+    FinishStatement();
+    PatchToHere(toExit);
+    PatchAllToHere(scope->loops.back().exits);
+    scope->loops.pop_back();
+}
+
+void Compiler::EmitBody(const ForEachStatement& statement)
+{
+    if (statement.variable->kind != ExpressionKind::Name) {
+        Fail(statement.variable->at, u"Expected: variable");
+    }
+    Variable variable = VariableOrImplicit(*statement.variable);
+    if (variable.isArray || (variable.type.type != Type::Variant && variable.type.type != Type::Object)) {
+        Fail(statement.variable->at, u"For Each control variable must be Variant or Object");
+    }
+    int32_t hidden = NewSlot();
+    EmitValue(*statement.group);
+    Emit(Op::EachBegin, 0, 0, 0, hidden);
+    FinishStatement();
+    uint32_t start = Here();
+    BeginStatement(statement.end);
+    size_t toExit = Emit(Op::EachNext, 0, 0, 0, hidden);
+    if (variable.type.type == Type::Object) {
+        Emit(Op::CheckObject, variable.type.className.empty() ? -1 : AddName(variable.type.className));
+    }
+    EmitStore(variable, true);
+    FinishStatement();
+    scope->loops.push_back(Loop{LoopKind::For, {}});
+    EmitBlock(statement.block);
+    BeginStatement(statement.end);
+    Emit(Op::Jump, static_cast<int32_t>(start));
+    FinishStatement();
+    PatchToHere(toExit);
+    PatchAllToHere(scope->loops.back().exits);
+    scope->loops.pop_back();
+}
+
+void Compiler::EmitBody(const DoStatement& statement)
+{
+    uint32_t start = Here();
+    std::vector<size_t> exits;
+    if (statement.before) {
+        EmitCondition(*statement.before);
+        exits.push_back(Emit(statement.untilBefore ? Op::JumpIfTrue : Op::JumpIfFalse));
+    }
+    FinishStatement();
+    scope->loops.push_back(Loop{statement.isWhile ? LoopKind::While : LoopKind::Do, std::move(exits)});
+    EmitBlock(statement.block);
+    BeginStatement(statement.end);
+    if (statement.after) {
+        EmitCondition(*statement.after);
+        Emit(statement.untilAfter ? Op::JumpIfFalse : Op::JumpIfTrue, static_cast<int32_t>(start));
+    } else {
+        Emit(Op::Jump, static_cast<int32_t>(start));
+    }
+    FinishStatement();
+    PatchAllToHere(scope->loops.back().exits);
+    scope->loops.pop_back();
+}
+
+void Compiler::EmitBody(const WithStatement& statement)
+{
+    WithBlock with;
+    with.subject = NewHidden();
+    AddressResult address = EmitAddress(*statement.subject);
+    with.isReference = address.isReference && address.record >= 0 && !address.isArray;
+    with.record = with.isReference ? address.record : -1;
+    if (address.isReference && !with.isReference) {
+        Emit(Op::LoadIndirect);
+    }
+    if (!with.isReference) {
+        Emit(Op::CheckObject, -1);
+    }
+    Emit(Op::StoreLocal, with.subject.slot, 0, kRaw);
+    FinishStatement();
+    scope->withs.push_back(with);
+    EmitBlock(statement.block);
+    scope->withs.pop_back();
+}
+
+void Compiler::EmitBody(const LabelStatement& statement)
+{
+    Label& label = scope->labels[Lower(statement.name)];
+    if (label.isDefined) {
+        Fail(lastPosition, u"Ambiguous name detected: " + statement.name);
+    }
+    label.isDefined = true;
+    label.address = static_cast<int32_t>(Here());
+    if (statement.name.front() >= u'0' && statement.name.front() <= u'9') {
+        double number = ParseNumber(statement.name).value_or(0);
+        scope->lineNumber = number <= 2147483647.0 ? static_cast<int>(number) : 0;
+    }
+}
+
+void Compiler::EmitJumpToLabel(Op op, const std::u16string& name)
+{
+    Label& label = scope->labels[Lower(name)];
+    if (label.uses.empty() && !label.isDefined) {
+        label.at = lastPosition;
+    }
+    label.uses.push_back(Emit(op));
+}
+
+void Compiler::EmitBody(const GoToStatement& statement) { EmitJumpToLabel(Op::Jump, statement.label); }
+void Compiler::EmitBody(const GoSubStatement& statement) { EmitJumpToLabel(Op::GoSub, statement.label); }
+void Compiler::EmitBody(const ReturnStatement&) { Emit(Op::ReturnFromSub); }
+
+void Compiler::EmitBody(const OnErrorStatement& statement)
+{
+    switch (statement.action) {
+    case OnErrorStatement::Action::GoTo:
+        EmitJumpToLabel(Op::OnErrorGoTo, statement.label);
+        break;
+    case OnErrorStatement::Action::Off:
+        Emit(Op::OnErrorOff);
+        break;
+    case OnErrorStatement::Action::ClearActive:
+        Emit(Op::OnErrorClear);
+        break;
+    case OnErrorStatement::Action::ResumeNext:
+        Emit(Op::OnErrorResumeNext);
+        break;
+    }
+}
+
+void Compiler::EmitBody(const ResumeStatement& statement)
+{
+    switch (statement.target) {
+    case ResumeStatement::Target::Same:
+        Emit(Op::Resume);
+        break;
+    case ResumeStatement::Target::Next:
+        Emit(Op::ResumeNext);
+        break;
+    case ResumeStatement::Target::Label:
+        EmitJumpToLabel(Op::ResumeAt, statement.label);
+        break;
+    }
+}
+
+void Compiler::EmitBody(const ExitStatement& statement)
+{
+    using What = ExitStatement::What;
+    if (statement.what == What::Do || statement.what == What::For) {
+        bool wantsFor = statement.what == What::For;
+        for (size_t i = scope->loops.size(); i-- > 0;) {
+            if (scope->loops[i].kind == (wantsFor ? LoopKind::For : LoopKind::Do)) {
+                scope->loops[i].exits.push_back(Emit(Op::Jump));
+                return;
+            }
+        }
+        Fail(lastPosition, wantsFor ? u"Exit For not within For...Next" : u"Exit Do not within Do...Loop");
+    }
+    ProcedureKind kind = scope->syntax->kind;
+    What own = kind == ProcedureKind::Sub        ? What::Sub
+               : kind == ProcedureKind::Function ? What::Function
+                                                 : What::Property;
+    if (statement.what != own) {
+        Fail(lastPosition, std::u16string(u"Exit ") +
+                               (statement.what == What::Sub        ? u"Sub"
+                                : statement.what == What::Function ? u"Function"
+                                                                   : u"Property") +
+                               u" not allowed in this procedure");
+    }
+    Emit(Op::Return);
+}
+
+void Compiler::EmitBody(const EndStatement&) { Emit(Op::End); }
+
+void Compiler::EmitBody(const RaiseStatement& statement)
+{
+    EmitValue(*statement.number);
+    Emit(Op::RaiseError);
+}
+
+void Compiler::EmitBody(const MidStatement& statement)
+{
+    // Kept on the stack while the text is built, then stored like any other value.
+    EmitValue(*statement.target);
+    EmitValue(*statement.start);
+    if (statement.length) {
+        EmitValue(*statement.length);
+    } else {
+        Emit(Op::PushMissing);
+    }
+    EmitValue(*statement.value);
+    EmitInternal(u"#mid", 4);
+    EmitStoreTo(*statement.target);
+}
+
+void Compiler::EmitInternal(std::u16string_view builtin, size_t count)
+{
+    int32_t index = FindBuiltin(builtin);
+    Emit(Op::CallBuiltin, index, static_cast<uint16_t>(count));
+    if (GetBuiltin(index).result == Type::Empty) {
+        Emit(Op::Pop);
+    }
+}
+
+void Compiler::EmitBody(const OpenStatement& statement)
+{
+    EmitValue(*statement.path);
+    Emit(Op::Push, AddConstant(Value(static_cast<int32_t>(statement.mode))));
+    Emit(Op::Push, AddConstant(Value(statement.readOnly)));
+    EmitValue(*statement.number);
+    EmitInternal(u"#open", 4);
+}
+
+void Compiler::EmitBody(const CloseStatement& statement)
+{
+    for (const ExpressionPtr& number : statement.numbers) {
+        EmitValue(*number);
+    }
+    EmitInternal(u"#close", statement.numbers.size());
+}
+
+void Compiler::EmitBody(const PrintStatement& statement)
+{
+    // The layout travels as a text with one letter an item.
+    std::u16string layout;
+    for (const PrintStatement::Item& item : statement.items) {
+        using Kind = PrintStatement::Item::Kind;
+        bool bareTab = item.kind == Kind::Tab && !item.value;
+        constexpr std::u16string_view kLetters = u"v,;st";
+        layout.push_back(bareTab ? u',' : kLetters[static_cast<size_t>(item.kind)]);
+    }
+    Emit(Op::Push, AddConstant(Value(layout)));
+    if (statement.number) {
+        EmitValue(*statement.number);
+    } else {
+        Emit(Op::PushMissing);
+    }
+    size_t count = 2;
+    for (const PrintStatement::Item& item : statement.items) {
+        if (item.value) {
+            EmitValue(*item.value);
+            ++count;
+        }
+    }
+    EmitInternal(statement.isWrite ? u"#write" : u"#print", count);
+}
+
+void Compiler::EmitBody(const InputStatement& statement)
+{
+    Variable number = NewHidden();
+    EmitValue(*statement.number);
+    Emit(Op::StoreLocal, number.slot, 0, kRaw);
+    for (const ExpressionPtr& target : statement.targets) {
+        Emit(Op::LoadLocal, number.slot);
+        EmitInternal(statement.wholeLine ? u"#lineinput" : u"#input", 1);
+        EmitStoreTo(*target);
+    }
+}
+
+void Compiler::EmitBody(const TransferStatement& statement)
+{
+    EmitValue(*statement.number);
+    if (statement.position) {
+        EmitValue(*statement.position);
+    } else {
+        Emit(Op::PushMissing);
+    }
+    EmitValue(*statement.variable);
+    EmitInternal(statement.isPut ? u"#put" : u"#get", 3);
+    if (!statement.isPut) {
+        EmitStoreTo(*statement.variable);
+    }
+}
+
+void Compiler::EmitBody(const SeekStatement& statement)
+{
+    EmitValue(*statement.number);
+    EmitValue(*statement.position);
+    EmitInternal(u"#seek", 2);
+}
+
+void Compiler::EmitBody(const NameStatement& statement)
+{
+    EmitValue(*statement.from);
+    EmitValue(*statement.to);
+    EmitInternal(u"#name", 2);
+}
+
+} // namespace tv::macro

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "macro/value.h"
+
+#include <optional>
+
+namespace tv::macro {
+
+bool ConvertToBoolean(const Value& value);
+int32_t ConvertToLong(const Value& value);
+double ConvertToDouble(const Value& value);
+std::u16string ConvertToText(const Value& value);
+
+/// What a variable of the declared type holds after the value was assigned to it.
+Value CoerceTo(Type declared, const Value& value);
+
+/// What a variable of the type holds before anything was assigned to it.
+Value InitialValue(Type declared);
+
+/// Reads a number as the conversions do: blanks around it, sign, thousands separators, exponent, &H and &O.
+std::optional<double> ParseNumber(std::u16string_view text);
+
+/// Up to 15 digits, with an exponent when the number is very large or very small.
+std::u16string NumberText(double number);
+std::u16string CurrencyText(int64_t scaled);
+
+/// Rounds half to even, as every conversion to whole numbers does.
+double RoundHalfEven(double number);
+/// The whole number, or error 6 when the kind can't hold it.
+Value WholeNumber(Type kind, double number);
+Value WholeNumber(Type kind, int64_t number);
+bool FitsInto(Type kind, int64_t number);
+
+/// The name that TypeName and messages use, such as "Integer".
+std::u16string_view TypeText(Type type);
+
+} // namespace tv::macro

@@ -1,0 +1,635 @@
+#include "macro/lexer.h"
+
+#include "macro/convert.h"
+#include "macro/dates.h"
+#include "macro/text.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+namespace tv::macro {
+
+namespace {
+
+bool IsDigit(char16_t unit) { return unit >= u'0' && unit <= u'9'; }
+bool IsNameStart(char16_t unit)
+{
+    return (unit >= u'a' && unit <= u'z') || (unit >= u'A' && unit <= u'Z') ||
+           (unit >= 0x80 && unit != 0xA0 && unit != 0x3000);
+}
+bool IsNameUnit(char16_t unit) { return IsNameStart(unit) || IsDigit(unit) || unit == u'_'; }
+bool IsBlank(char16_t unit) { return unit == u' ' || unit == u'\t' || unit == 0xA0 || unit == 0x3000; }
+bool IsLineEnd(char16_t unit) { return unit == u'\r' || unit == u'\n'; }
+bool IsHexDigit(char16_t unit)
+{
+    char16_t lower = LowerUnit(unit);
+    return IsDigit(unit) || (lower >= u'a' && lower <= u'f');
+}
+
+constexpr std::array<std::u16string_view, 8> kLongSymbols = {u"<=", u">=", u"<>", u":=", u"=<", u"=>", u"><", u"##"};
+
+class Lexer
+{
+public:
+    explicit Lexer(std::u16string_view text) : source(text) {}
+
+    std::vector<Token> Run()
+    {
+        while (at < source.size()) {
+            ReadToken();
+        }
+        Add(TokenKind::EndOfLine, at, u"");
+        Add(TokenKind::EndOfText, at, u"");
+        return std::move(tokens);
+    }
+
+private:
+    char16_t Unit(size_t offset = 0) const { return at + offset < source.size() ? source[at + offset] : u'\0'; }
+
+    Position PositionOf(size_t offset) const
+    {
+        return Position{line, static_cast<int>(offset - lineStart) + 1};
+    }
+
+    Token& Add(TokenKind kind, size_t start, std::u16string text)
+    {
+        Token token;
+        token.kind = kind;
+        token.at = PositionOf(start);
+        token.text = std::move(text);
+        token.startsLine = atLineStart;
+        token.spaceBefore = blankBefore;
+        blankBefore = false;
+        atLineStart = kind == TokenKind::EndOfLine;
+        tokens.push_back(std::move(token));
+        return tokens.back();
+    }
+
+    void ReadToken()
+    {
+        char16_t unit = Unit();
+        if (IsLineEnd(unit)) {
+            EndLine();
+        } else if (IsBlank(unit)) {
+            ReadBlanks();
+        } else if (unit == u'\'') {
+            SkipComment();
+        } else if (unit == u'"') {
+            ReadString();
+        } else if (unit == u'#' && ReadDateLiteral()) {
+            return;
+        } else if (IsDigit(unit) || (unit == u'.' && IsDigit(Unit(1)))) {
+            ReadNumber();
+        } else if (unit == u'&' && ReadRadixNumber()) {
+            return;
+        } else if (IsNameStart(unit)) {
+            ReadName();
+        } else if (unit == u'[' && ReadBracketedName()) {
+            return;
+        } else {
+            ReadSymbol();
+        }
+    }
+
+    void NextLine()
+    {
+        if (Unit() == u'\r' && Unit(1) == u'\n') {
+            ++at;
+        }
+        ++at;
+        ++line;
+        lineStart = at;
+    }
+
+    void EndLine()
+    {
+        Add(TokenKind::EndOfLine, at, u"");
+        NextLine();
+    }
+
+    void ReadBlanks()
+    {
+        blankBefore = true;
+        while (IsBlank(Unit())) {
+            ++at;
+        }
+        SkipContinuation();
+    }
+
+    /// A blank and an underscore at the end of a line continue it on the next one.
+    bool SkipContinuation()
+    {
+        if (Unit() != u'_') {
+            return false;
+        }
+        size_t after = at + 1;
+        while (after < source.size() && IsBlank(source[after])) {
+            ++after;
+        }
+        if (after < source.size() && !IsLineEnd(source[after])) {
+            return false;
+        }
+        at = after;
+        if (at < source.size()) {
+            NextLine();
+        }
+        return true;
+    }
+
+    void SkipComment()
+    {
+        while (at < source.size() && !IsLineEnd(Unit())) {
+            if (IsBlank(Unit())) {
+                ++at;
+                SkipContinuation();
+            } else {
+                ++at;
+            }
+        }
+    }
+
+    void ReadString()
+    {
+        size_t start = at++;
+        std::u16string text;
+        while (true) {
+            if (at >= source.size() || IsLineEnd(Unit())) {
+                Add(TokenKind::Bad, start, u"Expected: \" at the end of the text");
+                return;
+            }
+            if (Unit() == u'"') {
+                if (Unit(1) != u'"') {
+                    break;
+                }
+                ++at;
+            }
+            text.push_back(source[at++]);
+        }
+        ++at;
+        AddLiteral(start, Value(std::move(text)));
+    }
+
+    void AddLiteral(size_t start, Value literal)
+    {
+        Add(TokenKind::Literal, start, std::u16string(source.substr(start, at - start))).literal = std::move(literal);
+    }
+
+    bool ReadDateLiteral()
+    {
+        size_t close = at + 1;
+        while (close < source.size() && source[close] != u'#' && !IsLineEnd(source[close]) && close - at < 40) {
+            ++close;
+        }
+        if (close >= source.size() || source[close] != u'#') {
+            return false;
+        }
+        std::optional<double> date = ParseDate(source.substr(at + 1, close - at - 1));
+        if (!date) {
+            return false;
+        }
+        size_t start = at;
+        at = close + 1;
+        AddLiteral(start, Value::FromDate(*date));
+        return true;
+    }
+
+    void ReadNumber()
+    {
+        size_t start = at;
+        bool floating = false;
+        std::u16string digits;
+        auto take = [&] { digits.push_back(source[at++]); };
+        while (IsDigit(Unit())) {
+            take();
+        }
+        if (Unit() == u'.') {
+            floating = true;
+            take();
+            while (IsDigit(Unit())) {
+                take();
+            }
+        }
+        char16_t mark = LowerUnit(Unit());
+        size_t sign = Unit(1) == u'+' || Unit(1) == u'-' ? 2 : 1;
+        if ((mark == u'e' || mark == u'd') && IsDigit(Unit(sign))) {
+            floating = true;
+            take();
+            while (IsDigit(Unit()) || Unit() == u'+' || Unit() == u'-') {
+                if (!IsDigit(Unit()) && LowerUnit(digits.back()) != u'e' && LowerUnit(digits.back()) != u'd') {
+                    break;
+                }
+                take();
+            }
+        }
+        double number = ParseNumber(digits).value_or(0);
+        AddNumber(start, number, floating);
+    }
+
+    void AddNumber(size_t start, double number, bool floating)
+    {
+        char16_t suffix = Unit();
+        // "1&x" joins texts, and a "#" in front of a digit is a file number's.
+        bool counts = std::u16string_view(u"%&!#@").find(suffix) != std::u16string_view::npos && suffix != 0 &&
+                      !IsNameUnit(Unit(1)) && Unit(1) != u'"';
+        try {
+            Value literal = counts ? SuffixedNumber(suffix, number) : PlainNumber(number, floating);
+            at += counts ? 1 : 0;
+            AddLiteral(start, std::move(literal));
+        } catch (const MacroError&) {
+            at += counts ? 1 : 0;
+            Add(TokenKind::Bad, start, u"Overflow");
+        }
+    }
+
+    static Value SuffixedNumber(char16_t suffix, double number)
+    {
+        switch (suffix) {
+        case u'%':
+            return CoerceTo(Type::Integer, Value(number));
+        case u'&':
+            return CoerceTo(Type::Long, Value(number));
+        case u'!':
+            return CoerceTo(Type::Single, Value(number));
+        case u'@':
+            return CoerceTo(Type::Currency, Value(number));
+        default:
+            return Value(number);
+        }
+    }
+
+    static Value PlainNumber(double number, bool floating)
+    {
+        if (std::isinf(number)) {
+            Raise(kOverflow);
+        }
+        if (!floating && number <= 32767) {
+            return Value(static_cast<int16_t>(number));
+        }
+        if (!floating && number <= 2147483647.0) {
+            return Value(static_cast<int32_t>(number));
+        }
+        return Value(number);
+    }
+
+    bool ReadRadixNumber()
+    {
+        char16_t mark = LowerUnit(Unit(1));
+        bool hex = mark == u'h' && IsHexDigit(Unit(2));
+        bool octal = mark == u'o' && IsDigit(Unit(2));
+        if (!hex && !octal) {
+            return false;
+        }
+        size_t start = at;
+        at += 2;
+        uint64_t number = 0;
+        size_t count = 0;
+        while (hex ? IsHexDigit(Unit()) : IsDigit(Unit())) {
+            char16_t lower = LowerUnit(Unit());
+            uint64_t digit = static_cast<uint64_t>(IsDigit(lower) ? lower - u'0' : lower - u'a' + 10);
+            number = number * (hex ? 16 : 8) + digit;
+            ++at;
+            ++count;
+        }
+        bool isLong = Unit() == u'&';
+        bool isInteger = Unit() == u'%';
+        at += isLong || isInteger ? 1 : 0;
+        if (count > 16 || number > 0xFFFFFFFF) {
+            if (count > 16) {
+                Add(TokenKind::Bad, start, u"Overflow");
+            } else {
+                AddLiteral(start, Value(static_cast<int64_t>(number)));
+            }
+        } else if (number <= 0xFFFF && !isLong) {
+            AddLiteral(start, Value(static_cast<int16_t>(static_cast<uint16_t>(number))));
+        } else {
+            AddLiteral(start, Value(static_cast<int32_t>(static_cast<uint32_t>(number))));
+        }
+        return true;
+    }
+
+    void ReadName()
+    {
+        size_t start = at;
+        while (IsNameUnit(Unit())) {
+            ++at;
+        }
+        std::u16string text(source.substr(start, at - start));
+        std::u16string folded = Lower(text);
+        if (folded == u"rem" && StartsStatement()) {
+            SkipComment();
+            return;
+        }
+        char16_t suffix = TakeSuffix();
+        Token& token = Add(TokenKind::Name, start, std::move(text));
+        token.folded = std::move(folded);
+        token.suffix = suffix;
+    }
+
+    bool StartsStatement() const
+    {
+        return atLineStart || tokens.empty() || (tokens.back().kind == TokenKind::Symbol && tokens.back().text == u":");
+    }
+
+    char16_t TakeSuffix()
+    {
+        char16_t suffix = Unit();
+        char16_t next = Unit(1);
+        bool counts = false;
+        switch (suffix) {
+        case u'$':
+        case u'%':
+        case u'@':
+            counts = true;
+            break;
+        case u'&':
+            counts = !IsNameUnit(next) && next != u'"' && next != u'(';
+            break;
+        case u'!':
+            counts = !IsNameStart(next) && next != u'[';
+            break;
+        case u'#':
+            counts = !IsDigit(next) && !IsNameStart(next);
+            break;
+        default:
+            break;
+        }
+        if (!counts) {
+            return 0;
+        }
+        ++at;
+        return suffix;
+    }
+
+    bool ReadBracketedName()
+    {
+        size_t close = source.find(u']', at);
+        if (close == std::u16string_view::npos || close == at + 1) {
+            return false;
+        }
+        std::u16string_view inner = source.substr(at + 1, close - at - 1);
+        if (!std::all_of(inner.begin(), inner.end(), [](char16_t u) { return IsNameUnit(u) || u == u' '; })) {
+            return false;
+        }
+        Token& token = Add(TokenKind::Name, at, std::u16string(inner));
+        token.folded = Lower(inner);
+        token.isBracketed = true;
+        at = close + 1;
+        return true;
+    }
+
+    void ReadSymbol()
+    {
+        for (std::u16string_view symbol : kLongSymbols) {
+            if (symbol != u"##" && source.substr(at, 2) == symbol) {
+                std::u16string canonical = symbol == u"=<" ? u"<=" : symbol == u"=>" ? u">="
+                                           : symbol == u"><"                        ? u"<>"
+                                                                                    : std::u16string(symbol);
+                Add(TokenKind::Symbol, at, std::move(canonical));
+                at += 2;
+                return;
+            }
+        }
+        char16_t unit = Unit();
+        if (std::u16string_view(u"()+-*/\\^&=<>,.:;#!?").find(unit) != std::u16string_view::npos && unit != 0) {
+            Add(TokenKind::Symbol, at, std::u16string(1, unit));
+        } else {
+            Add(TokenKind::Bad, at, u"Invalid character");
+        }
+        ++at;
+    }
+
+    std::u16string_view source;
+    size_t at = 0;
+    size_t lineStart = 0;
+    int line = 1;
+    bool atLineStart = true;
+    bool blankBefore = false;
+    std::vector<Token> tokens;
+};
+
+/// Carries out #If, #ElseIf, #Else, #End If and #Const.
+class ConditionalFilter
+{
+public:
+    ConditionalFilter(std::vector<Token> all, const CompileOptions& options) : tokens(std::move(all))
+    {
+        for (std::u16string_view name : {u"vba6", u"vba7", u"win32", u"win64"}) {
+            constants[std::u16string(name)] = Value(true);
+        }
+        for (const auto& [name, value] : options.conditions) {
+            constants[Lower(name)] = Value(value);
+        }
+    }
+
+    std::vector<Token> Run()
+    {
+        while (tokens[at].kind != TokenKind::EndOfText) {
+            const Token& token = tokens[at];
+            if (token.startsLine && token.kind == TokenKind::Symbol && token.text == u"#") {
+                Directive();
+            } else if (Active()) {
+                kept.push_back(tokens[at++]);
+            } else {
+                ++at;
+            }
+        }
+        if (!branches.empty()) {
+            throw CompileFailure{branches.back().at, u"#If without #End If"};
+        }
+        kept.push_back(tokens[at]);
+        return std::move(kept);
+    }
+
+private:
+    struct Branch
+    {
+        Position at;
+        bool outerActive = true;
+        bool taken = false;
+        bool active = false;
+        bool sawElse = false;
+    };
+
+    bool Active() const { return branches.empty() || branches.back().active; }
+    bool Is(std::u16string_view name) const
+    {
+        return tokens[at].kind == TokenKind::Name && tokens[at].folded == name;
+    }
+    bool IsSymbol(std::u16string_view text) const
+    {
+        return tokens[at].kind == TokenKind::Symbol && tokens[at].text == text;
+    }
+
+    Branch& Current(const Position& where, std::u16string_view what)
+    {
+        if (branches.empty()) {
+            throw CompileFailure{where, std::u16string(what) + u" without #If"};
+        }
+        return branches.back();
+    }
+
+    void Directive()
+    {
+        Position where = tokens[at++].at;
+        if (Is(u"if")) {
+            ++at;
+            bool outer = Active();
+            bool truth = outer && Condition();
+            branches.push_back(Branch{where, outer, truth, truth, false});
+        } else if (Is(u"elseif")) {
+            ++at;
+            Branch& branch = Current(where, u"#ElseIf");
+            bool truth = branch.outerActive && !branch.taken && Condition();
+            branch.active = truth;
+            branch.taken = branch.taken || truth;
+        } else if (Is(u"else")) {
+            ++at;
+            Branch& branch = Current(where, u"#Else");
+            if (branch.sawElse) {
+                throw CompileFailure{where, u"#Else without #If"};
+            }
+            branch.sawElse = true;
+            branch.active = branch.outerActive && !branch.taken;
+        } else if (Is(u"endif") || Is(u"end")) {
+            Current(where, u"#End If");
+            branches.pop_back();
+        } else if (Is(u"const")) {
+            ++at;
+            Constant();
+        } else {
+            throw CompileFailure{where, u"Expected: If, ElseIf, Else, End If or Const behind #"};
+        }
+        while (tokens[at].kind != TokenKind::EndOfLine) {
+            ++at;
+        }
+    }
+
+    void Constant()
+    {
+        if (!Active()) {
+            return;
+        }
+        std::u16string name = tokens[at].folded;
+        if (tokens[at++].kind != TokenKind::Name || !IsSymbol(u"=")) {
+            throw CompileFailure{tokens[at].at, u"Expected: name and = behind #Const"};
+        }
+        ++at;
+        constants[name] = Expression(0);
+    }
+
+    bool Condition()
+    {
+        Value value = Expression(0);
+        if (!Is(u"then")) {
+            throw CompileFailure{tokens[at].at, u"Expected: Then"};
+        }
+        return ConvertToBoolean(value);
+    }
+
+    struct Level
+    {
+        std::u16string_view text;
+        Operator operation;
+        int binding;
+    };
+
+    const Level* FindLevel() const
+    {
+        static constexpr Level kLevels[] = {
+            {u"or", Operator::Or, 1},       {u"xor", Operator::Xor, 1},
+            {u"and", Operator::And, 2},     {u"=", Operator::Equal, 4},
+            {u"<>", Operator::NotEqual, 4}, {u"<", Operator::Less, 4},
+            {u">", Operator::Greater, 4},   {u"<=", Operator::LessOrEqual, 4},
+            {u">=", Operator::GreaterOrEqual, 4}, {u"+", Operator::Add, 5},
+            {u"-", Operator::Subtract, 5},  {u"*", Operator::Multiply, 6},
+        };
+        for (const Level& level : kLevels) {
+            if (Is(level.text) || IsSymbol(level.text)) {
+                return &level;
+            }
+        }
+        return nullptr;
+    }
+
+    Value Expression(int binding)
+    {
+        Value left = Operand();
+        for (const Level* level = FindLevel(); level != nullptr && level->binding > binding; level = FindLevel()) {
+            ++at;
+            Value right = Expression(level->binding);
+            left = Evaluated([&] { return Apply(level->operation, left, right, {}); });
+        }
+        return left;
+    }
+
+    template <typename Work>
+    Value Evaluated(Work work)
+    {
+        try {
+            return work();
+        } catch (const MacroError& error) {
+            throw CompileFailure{tokens[at].at, error.description};
+        }
+    }
+
+    Value Operand()
+    {
+        if (++depth > 100) {
+            throw CompileFailure{tokens[at].at, u"Expression too complex"};
+        }
+        const Token& token = tokens[at];
+        Value result;
+        if (Is(u"not")) {
+            ++at;
+            Value operand = Expression(3);
+            result = Evaluated([&] { return ApplyUnary(Operator::Not, operand, {}); });
+        } else if (IsSymbol(u"-")) {
+            ++at;
+            Value operand = Expression(6);
+            result = Evaluated([&] { return ApplyUnary(Operator::Negate, operand, {}); });
+        } else if (IsSymbol(u"(")) {
+            ++at;
+            result = Expression(0);
+            if (!IsSymbol(u")")) {
+                throw CompileFailure{tokens[at].at, u"Expected: )"};
+            }
+            ++at;
+        } else if (token.kind == TokenKind::Literal) {
+            result = token.literal;
+            ++at;
+        } else if (token.kind == TokenKind::Name) {
+            result = NamedValue(token);
+            ++at;
+        } else {
+            throw CompileFailure{token.at, u"Expected: expression"};
+        }
+        --depth;
+        return result;
+    }
+
+    Value NamedValue(const Token& token) const
+    {
+        if (token.folded == u"true" || token.folded == u"false") {
+            return Value(token.folded == u"true");
+        }
+        auto found = constants.find(token.folded);
+        return found == constants.end() ? Value() : found->second;
+    }
+
+    std::vector<Token> tokens;
+    std::vector<Token> kept;
+    std::map<std::u16string, Value> constants;
+    std::vector<Branch> branches;
+    size_t at = 0;
+    int depth = 0;
+};
+
+} // namespace
+
+std::vector<Token> Tokenize(std::u16string_view source, const CompileOptions& options)
+{
+    return ConditionalFilter(Lexer(source).Run(), options).Run();
+}
+
+} // namespace tv::macro

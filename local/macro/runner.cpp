@@ -1,0 +1,558 @@
+#include "macro/runner.h"
+
+#include "macro/builtins.h"
+#include "macro/convert.h"
+#include "macro/text.h"
+
+namespace tv::macro {
+
+namespace {
+
+constexpr size_t kStackSlots = size_t{1} << 20;
+
+/// The constants as values that share nothing with other runs.
+std::vector<Value> OwnCopies(const std::vector<Value>& values)
+{
+    std::vector<Value> copies;
+    copies.reserve(values.size());
+    for (const Value& value : values) {
+        copies.push_back(value.IsString() ? Value(std::u16string(value.Text())) : value);
+    }
+    return copies;
+}
+
+} // namespace
+
+Runner::Runner(Host& host, const Limits& runLimits, const std::atomic<bool>& stopFlag, const Module& toRun)
+    : module(toRun), limits(runLimits), stop(stopFlag), runtime(host), constants(OwnCopies(toRun.constants)),
+      hostGlobals(toRun.names.size()), storage(new std::byte[kStackSlots * sizeof(Value)])
+{
+    static_assert(alignof(Value) <= __STDCPP_DEFAULT_NEW_ALIGNMENT__);
+    bottom = reinterpret_cast<Value*>(storage.get());
+    limit = bottom + kStackSlots;
+    top = bottom;
+    frames.reserve(static_cast<size_t>(limits.callDepth) + 1);
+    runtime.compareText = module.compareText;
+    runtime.checkpoint = [this] { CheckTime(); };
+    deadline = std::chrono::steady_clock::now() + limits.runTime;
+}
+
+Runner::~Runner()
+{
+    Drop(static_cast<size_t>(top - bottom));
+}
+
+RunResult Runner::Run(int32_t procedure, std::vector<Value> arguments)
+{
+    const Procedure& start = module.procedures[static_cast<size_t>(procedure)];
+    try {
+        for (int32_t shape : module.globals) {
+            globals.push_back(MakeInitial(module, module.shapes[static_cast<size_t>(shape)]));
+        }
+        if (arguments.size() > start.parameters.size()) {
+            Raise(kWrongArgumentCount);
+        }
+        for (size_t i = 0; i < start.parameters.size(); ++i) {
+            const Parameter& parameter = start.parameters[i];
+            if (i < arguments.size()) {
+                Push(parameter.type == Type::Variant ? arguments[i] : CoerceTo(parameter.type, arguments[i]));
+            } else if (parameter.isParamArray) {
+                Push(Value(Array::FromValues({})));
+            } else if (parameter.isOptional) {
+                Push(parameter.defaultValue);
+            } else {
+                Raise(kArgumentNotOptional);
+            }
+        }
+        Enter(procedure, start.parameters.size(), 0);
+    } catch (const MacroError& error) {
+        return Failure(error);
+    }
+    while (true) {
+        try {
+            Loop();
+            RunResult result;
+            if (start.hasResult && !ended && top > bottom) {
+                result.value = Pop();
+            }
+            return result;
+        } catch (const MacroError& error) {
+            if (!Handle(error)) {
+                return Failure(error);
+            }
+        } catch (const std::bad_alloc&) {
+            MacroError error(kOutOfMemory);
+            if (!Handle(error)) {
+                return Failure(error);
+            }
+        } catch (const Interrupt& interrupt) {
+            RunResult result;
+            result.outcome = interrupt.outcome;
+            result.number = interrupt.outcome == Outcome::Stopped ? 18 : 17;
+            result.description = interrupt.outcome == Outcome::Stopped
+                                     ? u"The macro was stopped"
+                                     : u"The macro ran longer than it may";
+            result.line = errorLine;
+            return result;
+        }
+    }
+}
+
+RunResult Runner::Failure(const MacroError& error) const
+{
+    RunResult result;
+    result.outcome = Outcome::RuntimeError;
+    result.number = error.number;
+    result.description = error.description;
+    result.source = error.source.empty() ? u"TVMacro1" : error.source;
+    result.line = errorLine;
+    return result;
+}
+
+void Runner::Checkpoint()
+{
+    if (stop.load(std::memory_order_relaxed)) {
+        CheckTime();
+    }
+    if ((++ticks & 0xFFF) == 0) {
+        CheckTime();
+    }
+}
+
+void Runner::CheckTime()
+{
+    if (stop.load(std::memory_order_relaxed)) {
+        throw Interrupt{Outcome::Stopped};
+    }
+    if (limits.runTime.count() > 0 && std::chrono::steady_clock::now() > deadline) {
+        throw Interrupt{Outcome::TimeLimit};
+    }
+}
+
+Value Runner::Pop()
+{
+    Value value = std::move(Top());
+    (--top)->~Value();
+    return value;
+}
+
+void Runner::Drop(size_t count)
+{
+    for (; count > 0; --count) {
+        (--top)->~Value();
+    }
+}
+
+// Calls.
+
+void Runner::Enter(int32_t index, size_t count, uint32_t returnTo)
+{
+    Checkpoint();
+    const Procedure& procedure = module.procedures[static_cast<size_t>(index)];
+    size_t need = procedure.locals.size() + procedure.stackNeed;
+    if (frames.size() >= static_cast<size_t>(limits.callDepth) || static_cast<size_t>(limit - top) < need) {
+        Raise(kOutOfStackSpace);
+    }
+    Frame entered;
+    entered.procedure = &procedure;
+    entered.base = top - count;
+    entered.returnTo = returnTo;
+    entered.goSubs = goSubs.size();
+    for (const Value& local : procedure.locals) {
+        Push(local);
+    }
+    frames.push_back(entered);
+    frame = &frames.back();
+    at = procedure.entry;
+}
+
+void Runner::Leave()
+{
+    Value result;
+    bool hasResult = frame->procedure->hasResult;
+    if (hasResult) {
+        result = std::move(frame->base[frame->procedure->resultSlot]);
+    }
+    if (frame->failedStatement >= 0) {
+        runtime.err->Clear();
+    }
+    Drop(static_cast<size_t>(top - frame->base));
+    goSubs.resize(frame->goSubs);
+    at = frame->returnTo;
+    frames.pop_back();
+    frame = frames.empty() ? nullptr : &frames.back();
+    if (hasResult) {
+        Push(std::move(result));
+    }
+}
+
+void Runner::CallExternal(const Instruction& instruction)
+{
+    const External& external = module.externals[static_cast<size_t>(instruction.target)];
+    const ExternalFunction* function = runtime.host.FindFunction(external.library, external.entry);
+    if (function == nullptr) {
+        throw MacroError(kEntryNotFound, u"Can't find DLL entry point " + external.shownEntry + u" in " +
+                                             external.shownLibrary);
+    }
+    std::span<Value> values(top - instruction.count, instruction.count);
+    Arguments arguments(values);
+    Value result = (*function)(arguments);
+    if (external.result != Type::Variant && external.result != Type::Empty) {
+        result = CoerceTo(external.result, result);
+    }
+    Drop(instruction.count);
+    Push(std::move(result));
+}
+
+void Runner::CallBuiltin(const Instruction& instruction)
+{
+    std::span<Value> values(top - instruction.count, instruction.count);
+    Value result = GetBuiltin(instruction.target).call(runtime, Arguments(values));
+    Drop(instruction.count);
+    Push(std::move(result));
+}
+
+Value Runner::InvokeObject(const Value& target, const MemberName& name, InvokeKind kind, std::span<Value> values,
+                           std::span<const MemberName> names)
+{
+    const Value& object = target.Resolved();
+    if (!object.IsObject()) {
+        // A With block that was jumped into has no object.
+        Raise(object.Kind() == Type::Internal ? kObjectNotSet : kObjectRequired);
+    }
+    if (object.IsNothing()) {
+        Raise(kObjectNotSet);
+    }
+    Ref<Object> held(object.ObjectPointer());
+    Arguments arguments(values, names);
+    return held->Invoke(name, kind, arguments);
+}
+
+void Runner::CallMember(const Instruction& instruction, InvokeKind kind)
+{
+    size_t count = size_t{instruction.count} + (kind == InvokeKind::Get ? 0 : 1);
+    std::span<Value> values(top - count, count);
+    std::span<const MemberName> names;
+    if (instruction.extra >= 0) {
+        names = module.argumentNames[static_cast<size_t>(instruction.extra)];
+    }
+    const MemberName& name = module.names[static_cast<size_t>(instruction.target)];
+    Value target = (top - count - 1)->Resolved();
+    // The default member of an array with indices is the element.
+    if (target.IsArray() && name.IsDefault() && kind == InvokeKind::Get) {
+        Value element = ReadElement(target, values);
+        Drop(count + 1);
+        Push(std::move(element));
+        return;
+    }
+    Value result = InvokeObject(target, name, kind, values, names);
+    Drop(count + 1);
+    if (kind == InvokeKind::Get) {
+        Push(std::move(result));
+    }
+}
+
+// Errors.
+
+bool Runner::Handle(const MacroError& error)
+{
+    const Procedure* failed = frame == nullptr ? nullptr : frame->procedure;
+    if (failed != nullptr && at > 0) {
+        const StatementInfo& statement = failed->statements[failed->statementOf[at - 1]];
+        errorLine = statement.line;
+        runtime.err->line = statement.lineNumber;
+    }
+    while (frame != nullptr) {
+        const Procedure& procedure = *frame->procedure;
+        uint32_t statement = procedure.statementOf[at - 1];
+        Value* evaluation = frame->base + procedure.parameters.size() + procedure.locals.size();
+        bool guards = frame->handler != kNoHandler && frame->failedStatement < 0;
+        if (guards && top >= evaluation) {
+            Drop(static_cast<size_t>(top - evaluation));
+            int erl = runtime.err->line;
+            runtime.err->Take(error);
+            runtime.err->line = erl;
+            if (frame->handler == kResumeNext) {
+                at = procedure.statements[statement].next;
+            } else {
+                frame->failedStatement = statement;
+                at = static_cast<uint32_t>(frame->handler);
+            }
+            return true;
+        }
+        // Nobody here takes it: the caller's statement has failed.
+        Drop(static_cast<size_t>(top - frame->base));
+        goSubs.resize(frame->goSubs);
+        at = frame->returnTo;
+        frames.pop_back();
+        frame = frames.empty() ? nullptr : &frames.back();
+    }
+    return false;
+}
+
+void Runner::ResumeAt(int64_t address, bool next)
+{
+    if (frame->failedStatement < 0) {
+        Raise(kResumeWithoutError);
+    }
+    const StatementInfo& failed = frame->procedure->statements[static_cast<size_t>(frame->failedStatement)];
+    frame->failedStatement = -1;
+    runtime.err->Clear();
+    at = address >= 0 ? static_cast<uint32_t>(address) : (next ? failed.next : failed.start);
+    Checkpoint();
+}
+
+// Loop.
+
+void Runner::Loop()
+{
+    while (frame != nullptr && !ended) {
+        const Instruction& instruction = frame->procedure->code[at++];
+        switch (instruction.op) {
+        case Op::Push:
+            Push(constants[static_cast<size_t>(instruction.target)]);
+            break;
+        case Op::LoadLocal:
+            Push(frame->base[instruction.target]);
+            break;
+        case Op::LoadParam:
+            Push(frame->base[instruction.target].Resolved());
+            break;
+        case Op::LoadGlobal:
+            Push(globals[static_cast<size_t>(instruction.target)]);
+            break;
+        case Op::StoreLocal: {
+            Value value = Pop();
+            StoreInto(frame->base[instruction.target], std::move(value), instruction.flags);
+            break;
+        }
+        case Op::Binary:
+            Binary(instruction);
+            break;
+        case Op::Jump:
+            if (static_cast<uint32_t>(instruction.target) < at) {
+                Checkpoint();
+            }
+            at = static_cast<uint32_t>(instruction.target);
+            break;
+        case Op::JumpIfFalse:
+        case Op::JumpIfTrue: {
+            const Value& condition = Top();
+            // Null is neither, and an If treats it like False.
+            bool truth = condition.Kind() == Type::Boolean ? condition.Truth()
+                                                           : !condition.Resolved().IsNull() && condition.ToBoolean();
+            Drop(1);
+            if (truth == (instruction.op == Op::JumpIfTrue)) {
+                if (static_cast<uint32_t>(instruction.target) < at) {
+                    Checkpoint();
+                }
+                at = static_cast<uint32_t>(instruction.target);
+            }
+            break;
+        }
+        case Op::Pop:
+            Drop(1);
+            break;
+        case Op::ForFast:
+            ForFast(instruction);
+            break;
+        case Op::Call:
+            Enter(instruction.target, instruction.count, at);
+            break;
+        case Op::Return:
+            Leave();
+            break;
+        default:
+            Step(instruction);
+            break;
+        }
+    }
+}
+
+void Runner::Step(const Instruction& instruction)
+{
+    const int32_t target = instruction.target;
+    switch (instruction.op) {
+    case Op::PushMissing:
+        return Push(Value::Missing());
+    case Op::PushInitial:
+        return Push(MakeInitial(module, module.shapes[static_cast<size_t>(target)]));
+    case Op::StoreParam:
+        return StoreParam(instruction);
+    case Op::StoreGlobal: {
+        Value value = Pop();
+        return StoreInto(globals[static_cast<size_t>(target)], std::move(value), instruction.flags);
+    }
+    case Op::AddressLocal:
+    case Op::AddressParam:
+        return Push(Value::ReferenceTo(&frame->base[target], static_cast<Type>(instruction.flags)));
+    case Op::AddressGlobal:
+        return Push(Value::ReferenceTo(&globals[static_cast<size_t>(target)], static_cast<Type>(instruction.flags)));
+    case Op::IndexVariable: {
+        std::span<Value> indices(top - instruction.count, instruction.count);
+        Value& base = Slot(static_cast<Place>(instruction.flags), target);
+        Value element = ReadElement(base, indices);
+        Drop(instruction.count);
+        return Push(std::move(element));
+    }
+    case Op::StoreElement: {
+        Value value = Pop();
+        std::span<Value> indices(top - instruction.count, instruction.count);
+        Value& base = Slot(static_cast<Place>(instruction.flags), target);
+        WriteElement(base, indices, std::move(value), instruction.extra == 1);
+        return Drop(instruction.count);
+    }
+    case Op::Index: {
+        std::span<Value> indices(top - instruction.count, instruction.count);
+        Value element = ReadElement(*(top - instruction.count - 1), indices);
+        Drop(size_t{instruction.count} + 1);
+        return Push(std::move(element));
+    }
+    case Op::StoreIndexed: {
+        Value value = Pop();
+        std::span<Value> indices(top - instruction.count, instruction.count);
+        WriteElement((top - instruction.count - 1)->Resolved(), indices, std::move(value), instruction.extra == 1);
+        return Drop(size_t{instruction.count} + 1);
+    }
+    case Op::AddressElement:
+        return AddressElement(instruction);
+    case Op::AddressField:
+        return AddressField(instruction);
+    case Op::Field: {
+        Value record = Pop();
+        const Value& held = record.Resolved();
+        if (held.Kind() != Type::Record) {
+            Raise(kObjectNotSet);
+        }
+        return Push(held.RecordPointer()->fields[static_cast<size_t>(target)]);
+    }
+    case Op::LoadIndirect: {
+        Value value = Top().Resolved();
+        Top() = std::move(value);
+        return;
+    }
+    case Op::StoreIndirect: {
+        Value value = Pop();
+        Value reference = Pop();
+        return StoreInto(reference.Resolved(), std::move(value), instruction.flags);
+    }
+    case Op::LetValue:
+        if (Top().IsObject()) {
+            Value value = DefaultValue(Top());
+            Top() = std::move(value);
+        }
+        return;
+    case Op::Coerce: {
+        Type type = static_cast<Type>(instruction.flags);
+        if (Top().Kind() != type) {
+            Value value = CoerceTo(type, Top());
+            Top() = std::move(value);
+        }
+        return;
+    }
+    case Op::CheckObject:
+        return CheckObject(target);
+    case Op::Unary: {
+        Value value =
+            ApplyUnary(static_cast<Operator>(instruction.flags), Top(), UnpackTraits(instruction.count));
+        Top() = std::move(value);
+        return;
+    }
+    case Op::TypeOf: {
+        Value object = Pop();
+        if (!object.IsObject()) {
+            Raise(kObjectRequired);
+        }
+        if (object.IsNothing()) {
+            Raise(kObjectNotSet);
+        }
+        return Push(Value(IsOfClass(object, target)));
+    }
+    case Op::GoSub:
+        Checkpoint();
+        if (goSubs.size() > 100000) {
+            Raise(kOutOfStackSpace);
+        }
+        goSubs.push_back(at);
+        at = static_cast<uint32_t>(target);
+        return;
+    case Op::ReturnFromSub:
+        if (goSubs.size() <= frame->goSubs) {
+            Raise(kReturnWithoutGoSub);
+        }
+        at = goSubs.back();
+        return goSubs.pop_back();
+    case Op::ForBegin:
+        return ForBegin(instruction);
+    case Op::ForTest: {
+        Value variable = Pop();
+        at = ForIsOver(variable, instruction.extra) ? static_cast<uint32_t>(target) : at;
+        return;
+    }
+    case Op::ForStep:
+        return ForStep(instruction);
+    case Op::EachBegin:
+        return EachBegin(instruction);
+    case Op::EachNext:
+        return EachNext(instruction);
+    case Op::CallExternal:
+        return CallExternal(instruction);
+    case Op::CallBuiltin:
+        return CallBuiltin(instruction);
+    case Op::GetMember:
+        return CallMember(instruction, InvokeKind::Get);
+    case Op::LetMember:
+        return CallMember(instruction, InvokeKind::Let);
+    case Op::SetMember:
+        return CallMember(instruction, InvokeKind::Set);
+    case Op::HostGlobal: {
+        Value& cached = hostGlobals[static_cast<size_t>(target)];
+        if (cached.IsEmpty()) {
+            cached = runtime.host.Global(module.names[static_cast<size_t>(target)].folded);
+        }
+        return Push(cached);
+    }
+    case Op::PushErr:
+        return Push(Value(runtime.err));
+    case Op::New:
+        return Push(NewObject(target));
+    case Op::EnsureNew:
+        return EnsureNew(instruction);
+    case Op::MakeArray: {
+        std::vector<Value> values(top - instruction.count, top);
+        Drop(instruction.count);
+        return Push(Value(Array::FromValues(std::move(values))));
+    }
+    case Op::ReDim:
+        return ReDim(instruction);
+    case Op::EraseArray:
+        return EraseArray();
+    case Op::OnErrorGoTo:
+    case Op::OnErrorResumeNext:
+    case Op::OnErrorOff:
+        runtime.err->Clear();
+        frame->handler = instruction.op == Op::OnErrorGoTo         ? target
+                         : instruction.op == Op::OnErrorResumeNext ? kResumeNext
+                                                                   : kNoHandler;
+        return;
+    case Op::OnErrorClear:
+        runtime.err->Clear();
+        frame->failedStatement = -1;
+        return;
+    case Op::Resume:
+        return ResumeAt(-1, false);
+    case Op::ResumeNext:
+        return ResumeAt(-1, true);
+    case Op::ResumeAt:
+        return ResumeAt(target, false);
+    case Op::RaiseError:
+        throw MacroError(Pop().ToLong());
+    case Op::End:
+        ended = true;
+        return;
+    default:
+        Raise(kInternalError);
+    }
+}
+
+} // namespace tv::macro

@@ -1,0 +1,124 @@
+#pragma once
+
+#include "macro/host.h"
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <unordered_set>
+
+namespace tv::macro {
+
+class Container;
+
+/// The object Err, and the error that is being handled.
+class ErrObject final : public Object
+{
+public:
+    Value Invoke(const MemberName& name, InvokeKind kind, Arguments& arguments) override;
+    std::u16string ClassName() const override { return u"ErrObject"; }
+    void Clear();
+    void Take(const MacroError& error);
+
+    int32_t number = 0;
+    std::u16string description;
+    std::u16string source;
+    std::u16string helpFile;
+    int32_t helpContext = 0;
+    int32_t line = 0;
+
+private:
+    [[noreturn]] static void RaiseFrom(const Arguments& arguments);
+};
+
+/// How a file was opened by Open.
+enum class OpenMode
+{
+    Input,
+    Output,
+    Append,
+    Binary,
+};
+
+/// A file that Open has opened.
+struct OpenFile
+{
+    std::unique_ptr<File> file;
+    std::u16string path;
+    OpenMode mode = OpenMode::Input;
+    bool readOnly = false;
+    /// Column of the next printed character, counted from 0.
+    size_t column = 0;
+    /// Bytes read ahead of what was taken.
+    std::string buffer;
+    size_t bufferAt = 0;
+};
+
+/// The file numbers of a run. Everything is written through at once, so that nothing is lost with the process.
+class FileTable
+{
+public:
+    explicit FileTable(FileSystem& system) : files(system) {}
+
+    void Open(int32_t number, const std::u16string& path, OpenMode mode, bool readOnly);
+    void Close(int32_t number);
+    void CloseAll() { open.clear(); }
+    /// Error 52 when the number isn't open.
+    OpenFile& At(int32_t number);
+    /// Also checks the mode: error 54.
+    OpenFile& ForReading(int32_t number);
+    OpenFile& ForPrinting(int32_t number);
+    int32_t FreeNumber(bool upperRange) const;
+
+    bool AtEnd(OpenFile& file);
+    std::u16string ReadLine(int32_t number);
+    std::u16string ReadUnits(int32_t number, size_t count);
+    /// One field of Input #.
+    Value ReadField(int32_t number);
+    void Print(int32_t number, std::u16string_view text);
+
+    /// Bytes of Get and Put; the position counts from 1, 0 means on from here.
+    std::string ReadBytes(int32_t number, int64_t position, size_t count);
+    void WriteBytes(int32_t number, int64_t position, std::string_view bytes);
+    uint64_t Position(OpenFile& file);
+    void Seek(OpenFile& file, uint64_t position);
+
+    FileSystem& System() { return files; }
+    bool IsOpen(const std::u16string& path) const;
+
+private:
+    bool Fill(OpenFile& file);
+    int Peek(OpenFile& file);
+    int Take(OpenFile& file);
+
+    FileSystem& files;
+    std::map<int32_t, OpenFile> open;
+};
+
+/// What built-in functions work on: the host and the state of the run.
+class Runtime
+{
+public:
+    ~Runtime();
+    Runtime(const Runtime&) = delete;
+    Runtime& operator=(const Runtime&) = delete;
+    explicit Runtime(Host& outside) : host(outside), files(outside.Files()), err(MakeRef<ErrObject>()) {}
+
+    Host& host;
+    FileTable files;
+    Ref<ErrObject> err;
+    bool compareText = false;
+    /// Seed of Rnd.
+    uint32_t random = 0x50000;
+    float lastRandom = 0.7055475F;
+    /// Rest of the last Dir.
+    std::vector<std::u16string> listing;
+    size_t listingAt = 0;
+    /// Column of Debug.Print and the line that is still open.
+    std::u16string debugLine;
+    std::unordered_set<Container*> containers;
+    /// Called by what may take long, so that a stop request is heard.
+    std::function<void()> checkpoint = [] {};
+};
+
+} // namespace tv::macro
