@@ -23,8 +23,9 @@ enum class DateStyle : int32_t
     WithMinutes = 3
 };
 
-/// Writes the date in the format of the given number; false, with the text untouched, when there is no date. The numbers
-/// are the style numbers of SQL's date conversion; one without a row of its own gives the long form with the time.
+/// Writes the date in the format of the given number; false, with the text untouched, when there is no date. The
+/// numbers are the style numbers of SQL's date conversion; one without a row of its own gives the long form with the
+/// time.
 bool FormatDate(std::u16string& text, const DateValue& date, int32_t formatId, DateStyle style);
 
 /// The local time as a date; no date when it can't be read.

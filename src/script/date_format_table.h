@@ -15,6 +15,7 @@ struct MonthName
 };
 
 /// In month order. "Mars" is how dates have always been printed here; existing file names depend on it.
+// clang-format off
 inline constexpr MonthName kMonthNames[] = {
     {1, u"January", u"Jan"},
     {2, u"February", u"Feb"},
@@ -29,6 +30,7 @@ inline constexpr MonthName kMonthNames[] = {
     {11, u"November", u"Nov"},
     {12, u"December", u"Dec"},
 };
+// clang-format on
 static_assert(std::size(kMonthNames) == 12);
 
 enum class DatePart
@@ -54,7 +56,7 @@ struct DateRow
     int32_t id;
     std::u16string_view pattern;
     DateParts parts;
-    bool holdsTime = false;                  ///< the pattern prints the time, so no style appends it
+    bool holdsTime = false;                   ///< the pattern prints the time, so no style appends it
     std::u16string_view dateOnlyPattern = {}; ///< for the date-only style, if that differs
 };
 

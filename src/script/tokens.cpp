@@ -98,8 +98,8 @@ ScriptText::ScriptText(std::u16string scriptText) : text(std::move(scriptText))
 std::u16string ScriptText::Expand(const TokenValues& values) const
 {
     const Replacements replacements = EncodeAll(values);
-    // A bracket in a value, or a token inside the beginning of another, may give rise to a further token. Only then does
-    // the order of the replacements show, and the text is gone through once for each token.
+    // A bracket in a value, or a token inside the beginning of another, may give rise to a further token. Only then
+    // does the order of the replacements show, and the text is gone through once for each token.
     if (nested || std::ranges::any_of(replacements, HoldsBracket)) {
         return ReplaceInTurn(text, replacements);
     }

@@ -34,7 +34,7 @@ enum class TokenEncoding
 struct Token
 {
     std::u16string_view text;
-    std::u16string TokenValues::* value;
+    std::u16string TokenValues::*value;
     TokenEncoding encoding;
 };
 

@@ -43,7 +43,8 @@ std::u16string_view WithoutTrailing(std::u16string_view text, char16_t unit)
 std::u16string TokenAt(std::u16string_view text, size_t position, char16_t close)
 {
     const size_t end = text.find(close, position);
-    return end == std::u16string_view::npos ? std::u16string() : std::u16string(text.substr(position, end - position + 1));
+    return end == std::u16string_view::npos ? std::u16string()
+                                            : std::u16string(text.substr(position, end - position + 1));
 }
 
 std::u16string ValueOf(std::u16string_view token, char16_t open, char16_t close, const VariableLookup& lookup,

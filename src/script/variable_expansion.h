@@ -13,11 +13,11 @@ namespace tv {
 /// Finds the value of a placeholder's name: 0 found, 1 absent.
 using VariableLookup = std::function<Result(const std::u16string& name, Variant& value)>;
 
-/// Replaces each placeholder between `open` and `close` by the value of the name in it; an absent name vanishes. There is
-/// no escape: every pair of brackets is a placeholder. A status of the look-up other than 0 and 1 is raised.
+/// Replaces each placeholder between `open` and `close` by the value of the name in it; an absent name vanishes. There
+/// is no escape: every pair of brackets is a placeholder. A status of the look-up other than 0 and 1 is raised.
 ///
-/// An `open` with no `close` behind it asks for the empty name and is left standing; a look-up that answers with no text
-/// is then asked again without end.
+/// An `open` with no `close` behind it asks for the empty name and is left standing; a look-up that answers with no
+/// text is then asked again without end.
 std::u16string ExpandVariables(std::u16string text, char16_t open, char16_t close, const VariableLookup& lookup,
                                ModuleService& module);
 

@@ -11,6 +11,7 @@ inline constexpr std::u16string_view kCadDocumentExtensions[] = {u"tvnprt", u"tv
 
 /// What a convert task takes from a folder. A plain "prt" isn't among them: too many programs write such files, and a
 /// user who means one selects it by itself.
+// clang-format off
 inline constexpr std::u16string_view kConvertibleExtensions[] = {
     u"tvnprt",
     u"tvnasm",
@@ -51,6 +52,7 @@ inline constexpr std::u16string_view kConvertibleExtensions[] = {
     u"idb",
     u"3dm",
 };
+// clang-format on
 static_assert(std::size(kConvertibleExtensions) == 38);
 
 /// Case is ignored.

@@ -31,8 +31,8 @@ struct FileCardRow
     std::u16string text;  ///< of a FreeText
 };
 
-/// Reads the rows of a task: 0, or 1 when the variable is absent. The vault's card variables give the ids; a name that the
-/// vault doesn't know has the id 0. A failure is raised.
+/// Reads the rows of a task: 0, or 1 when the variable is absent. The vault's card variables give the ids; a name that
+/// the vault doesn't know has the id 0. A failure is raised.
 Result ReadFileCardRows(IVyxTaskInstance* instance, IVyxVault* vault, std::vector<FileCardRow>& rows);
 
 } // namespace tv

@@ -29,8 +29,8 @@ SourceCard ReadCard(const ComPtr<IVyxFile>& file, TaskFile& source)
     SourceCard card;
     VyxVersionInfo info{};
     const Variant version = Variant::FromInt(source.version);
-    ThrowIfFailed(reader->GetVersionVariables(version.get(), source.folderId, card.variables.put(), card.values.put(),
-                                              &info));
+    ThrowIfFailed(
+        reader->GetVersionVariables(version.get(), source.folderId, card.variables.put(), card.values.put(), &info));
     source.latestVersion = info.currentVersion;
     source.revision = BString::Adopt(info.revision).Text();
     source.state = BString::Adopt(info.state).Text();
@@ -124,7 +124,8 @@ Result WriteFileCards(IVyxTaskInstance* instance, IVyxVault* vault, const std::v
                 continue;
             }
             ComPtr<IVyxFile> file;
-            const Result found = ThrowIfFailed(vault->GetFileFromPath(output.source->path.c_str(), nullptr, file.put()));
+            const Result found =
+                ThrowIfFailed(vault->GetFileFromPath(output.source->path.c_str(), nullptr, file.put()));
             if (!file) {
                 return found;
             }

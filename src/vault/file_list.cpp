@@ -55,7 +55,7 @@ class Utf8Writer final : public pugi::xml_writer
 struct TextElement
 {
     std::string_view name;
-    std::u16string TaskFile::* field;
+    std::u16string TaskFile::*field;
 };
 
 constexpr TextElement kTextElements[] = {
@@ -67,7 +67,7 @@ constexpr TextElement kTextElements[] = {
 struct NumberElement
 {
     std::string_view name;
-    int32_t TaskFile::* field;
+    int32_t TaskFile::*field;
 };
 
 constexpr NumberElement kNumberElements[] = {

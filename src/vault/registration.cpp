@@ -48,8 +48,8 @@ Result VaultFiles::RegisterOutputs(IVyxTaskInstance* instance, IVyxVault* vaultO
 Result VaultFiles::AddNewOutputs(IVyxVault* vaultOfRun, TaskScript& script)
 {
     ComPtr<IVyxBatchAdd> batch;
-    ThrowIfFailed(Logged(MakeUtility(vaultOfRun, kUtilityBatchAdd, batch), script,
-                         u"Creating VyxUtil_BatchAdd interface."));
+    ThrowIfFailed(
+        Logged(MakeUtility(vaultOfRun, kUtilityBatchAdd, batch), script, u"Creating VyxUtil_BatchAdd interface."));
     if (QueueNewOutputs(*batch.get(), script) == 0) {
         return 0;
     }
@@ -155,8 +155,8 @@ Result VaultFiles::CreateSourceReferences(IVyxTaskInstance* instance)
 Result VaultFiles::CheckInOutputs(IVyxVault* vaultOfRun, TaskScript& script)
 {
     ComPtr<IVyxBatchUnlock> batch;
-    ThrowIfFailed(Logged(MakeUtility(vaultOfRun, kUtilityBatchUnlock, batch), script,
-                         u"Checking in all checked out docs."));
+    ThrowIfFailed(
+        Logged(MakeUtility(vaultOfRun, kUtilityBatchUnlock, batch), script, u"Checking in all checked out docs."));
     return Logged(CheckIn(*batch.get(), vaultOfRun, PairsInVault()), script, u"Unlocking files.");
 }
 

@@ -25,13 +25,11 @@ constexpr int32_t kAsBuiltReferences = 1;
 bool HasExtensionOf(std::u16string_view path, std::span<const std::u16string_view> extensions)
 {
     const std::u16string extension = ExtensionOf(path);
-    return std::ranges::any_of(extensions,
-                               [&](std::u16string_view one) { return EqualIgnoringCase(one, extension); });
+    return std::ranges::any_of(extensions, [&](std::u16string_view one) { return EqualIgnoringCase(one, extension); });
 }
 
 /// A missing utility is noticed where it is first used.
-template <typename Utility>
-Utility& Needed(const ComPtr<Utility>& utility)
+template <typename Utility> Utility& Needed(const ComPtr<Utility>& utility)
 {
     if (!utility) {
         throw ResultError(E_POINTER);

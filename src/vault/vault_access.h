@@ -28,8 +28,7 @@ inline Result FindInVault(IVyxVault* vault, const std::u16string& path, VaultPla
 }
 
 /// Makes a batch utility; E_NOINTERFACE when what the vault made is another.
-template <typename Utility>
-Result MakeUtility(IVyxVault* vault, int32_t number, ComPtr<Utility>& utility)
+template <typename Utility> Result MakeUtility(IVyxVault* vault, int32_t number, ComPtr<Utility>& utility)
 {
     if (vault == nullptr) {
         return E_POINTER;
@@ -40,8 +39,7 @@ Result MakeUtility(IVyxVault* vault, int32_t number, ComPtr<Utility>& utility)
 }
 
 /// Id of a file or a folder; a failure is raised.
-template <typename Object>
-int32_t IdOf(const ComPtr<Object>& object)
+template <typename Object> int32_t IdOf(const ComPtr<Object>& object)
 {
     int32_t id = 0;
     ThrowIfFailed(object->GetID(&id));

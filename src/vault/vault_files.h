@@ -18,8 +18,8 @@ struct VaultPlace;
 /// How much a selection is prepared.
 enum class VaultWork
 {
-    None,             ///< at launch: the list of files only
-    FetchLocalCopies  ///< at a run: local copies of the files and their references, and the latest versions
+    None,            ///< at launch: the list of files only
+    FetchLocalCopies ///< at a run: local copies of the files and their references, and the latest versions
 };
 
 /// What to do with vault files that outputs meet.

@@ -1,5 +1,5 @@
-// Prints what the macro text of one file costs, for a macro of 40 KB with 100 placeholders and all nine tokens: once with
-// the places of the tokens known, as a run does it, and beside it with one replacement after the other.
+// Prints what the macro text of one file costs, for a macro of 40 KB with 100 placeholders and all nine tokens: once
+// with the places of the tokens known, as a run does it, and beside it with one replacement after the other.
 
 #include "fakes/platform/fake_platform.h"
 #include "fakes/vault/fake_task.h"
@@ -36,7 +36,8 @@ std::u16string Macro()
 {
     std::u16string text;
     for (int i = 0; i < kPlaceholders; ++i) {
-        text += u"    If option = [Variable" + Number(i) + u"] Then\r\n        tvApp.SetUserPreferenceToggle 1, True\r\n";
+        text +=
+            u"    If option = [Variable" + Number(i) + u"] Then\r\n        tvApp.SetUserPreferenceToggle 1, True\r\n";
     }
     for (const Token& token : kTokens) {
         text += u"    value = \"" + std::u16string(token.text) + u"\"\r\n";
@@ -73,8 +74,8 @@ class Bench
         }
         const double known = MicrosecondsSince(files) / count;
 
-        std::printf("%8d files: %9.1f us once, %8.2f us a file, %8.2f us by replacements (%zu units)\n", count, once, known,
-                    PeerMicroseconds(count), units);
+        std::printf("%8d files: %9.1f us once, %8.2f us a file, %8.2f us by replacements (%zu units)\n", count, once,
+                    known, PeerMicroseconds(count), units);
     }
 
   private:

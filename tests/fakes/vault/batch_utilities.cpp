@@ -20,6 +20,14 @@ std::vector<VyxSelectionPair> PairsOf(SAFEARRAY* selection)
     return {view.begin(), view.end()};
 }
 
+void MakeFolders(FileService& disk, const std::u16string& path)
+{
+    if (const std::u16string parent = FolderOf(path); !parent.empty() && parent.size() < path.size()) {
+        MakeFolders(disk, parent);
+    }
+    disk.CreateDirectory(path);
+}
+
 /// Fetches files; with a disk, their local copies are written.
 class BatchGet final : public ComObject<IVyxBatchGet>
 {
@@ -56,6 +64,7 @@ class BatchGet final : public ComObject<IVyxBatchGet>
     void WriteLocalCopy(const FakeFile* file)
     {
         if (world->disk != nullptr && file != nullptr && !world->disk->FileExists(file->path)) {
+            MakeFolders(*world->disk, FolderOf(file->path));
             if (const auto copy = world->disk->OpenForAppend(file->path)) {
                 copy->Write(std::string_view("content"));
             }
@@ -365,8 +374,7 @@ class BatchRefs final : public ComObject<IVyxBatchRefs>
     std::vector<Queued> queue;
 };
 
-template <typename Utility>
-ComPtr<IUnknown> Make(WorldPtr world)
+template <typename Utility> ComPtr<IUnknown> Make(WorldPtr world)
 {
     const auto utility = MakeObject<Utility>(std::move(world));
     return ComPtr<IUnknown>::Share(utility.get());

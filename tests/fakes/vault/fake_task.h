@@ -4,8 +4,8 @@
 #include "com/com_object.h"
 #include "com/safe_array.h"
 #include "com/variant.h"
-#include "interfaces/vault.h"
 #include "fakes/vault/vault_script.h"
+#include "interfaces/vault.h"
 
 #include <map>
 #include <optional>
@@ -102,7 +102,7 @@ struct CommandFile
     int32_t fileId = 0;
     int32_t folderId = 0;
     int32_t version = 0;
-    std::u16string configuration;
+    std::u16string configuration = {};
     int32_t kind = 1;
 };
 

@@ -3,9 +3,9 @@
 
 #include "com/com_ptr.h"
 #include "com/variant.h"
+#include "fakes/vault/vault_script.h"
 #include "interfaces/vault.h"
 #include "platform/file_service.h"
-#include "fakes/vault/vault_script.h"
 
 #include <map>
 #include <memory>

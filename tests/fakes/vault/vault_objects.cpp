@@ -63,8 +63,7 @@ class VariableValueObject final : public ComObject<IVyxVariableValue>
   public:
     VariableValueObject(WorldPtr vaultWorld, int32_t variable, std::map<std::u16string, Variant> allValues)
         : world(std::move(vaultWorld)), id(variable), values(std::move(allValues))
-    {
-    }
+    {}
 
     Result TV_CALL GetID(int32_t* variableId) override
     {
@@ -236,8 +235,7 @@ class FileObject final : public ComObject<IVyxFile>
 
   private:
     /// Notes the call and carries it out if the file is still in the vault.
-    template <typename Body>
-    Result Answer(std::string_view operation, Body&& body)
+    template <typename Body> Result Answer(std::string_view operation, Body&& body)
     {
         FakeFile* file = world->FindFile(fileId);
         if (const Result fault = world->script.Enter(operation, file != nullptr ? file->path : u"")) {
@@ -246,7 +244,7 @@ class FileObject final : public ComObject<IVyxFile>
         return file != nullptr ? body(*file) : kVaultFileNotFound;
     }
 
-    Result ReadVersion(std::string_view operation, int32_t version, std::u16string FakeVersion::* field, BStr* text)
+    Result ReadVersion(std::string_view operation, int32_t version, std::u16string FakeVersion::*field, BStr* text)
     {
         return Answer(operation, [&](FakeFile& file) -> Result {
             const auto found = file.versions.find(version);
@@ -349,8 +347,7 @@ class FolderObject final : public ComObject<IVyxFolder>
     }
 
   private:
-    template <typename Body>
-    Result Answer(std::string_view operation, Body&& body)
+    template <typename Body> Result Answer(std::string_view operation, Body&& body)
     {
         FakeFolder* folder = world->FindFolder(folderId);
         if (const Result fault = world->script.Enter(operation, folder != nullptr ? folder->path : u"")) {

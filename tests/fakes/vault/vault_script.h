@@ -36,8 +36,8 @@ class VaultScript
     size_t CountOf(std::string_view operation) const { return CallsOf(operation).size(); }
     void ClearCalls() { calls.clear(); }
 
-    /// Called by the simulator at the beginning of each operation: takes note of the call and returns its scripted fault,
-    /// or 0.
+    /// Called by the simulator at the beginning of each operation: takes note of the call and returns its scripted
+    /// fault, or 0.
     Result Enter(std::string_view operation, std::u16string_view details = {});
 
   private:
