@@ -2,6 +2,7 @@
 #include "engine/writers.h"
 
 #include <APIHeaderSection_MakeHeader.hxx>
+#include <BRepBuilderAPI_Transform.hxx>
 #include <BRepTools.hxx>
 #include <IGESControl_Writer.hxx>
 #include <IGESData_GlobalSection.hxx>
@@ -40,12 +41,23 @@ class ExchangeDocument
 
     Handle(TDocStd_Document) Build(const ModelNode& root)
     {
-        Add(root);
+        Add(WithoutLocation(root));
         shapes->UpdateAssemblies();
         return document;
     }
 
   private:
+    /// A place is a property of a component. A part that is nobody's component keeps its place in its geometry.
+    static ModelNode WithoutLocation(const ModelNode& root)
+    {
+        const TopLoc_Location place = root.shape.Location();
+        if (place.IsIdentity() || !root.children.empty()) {
+            return root;
+        }
+        BRepBuilderAPI_Transform moved(root.shape.Located(TopLoc_Location()), place.Transformation(), true);
+        return {root.name, moved.Shape(), {}};
+    }
+
     TDF_Label Add(const ModelNode& node)
     {
         const auto known = labels.find(node.shape.TShape().get());

@@ -28,6 +28,7 @@
 #include <TopoDS.hxx>
 #include <TopoDS_Compound.hxx>
 #include <TopoDS_Iterator.hxx>
+#include <TopoDS_Shell.hxx>
 #include <XCAFApp_Application.hxx>
 #include <XCAFDoc_DocumentTool.hxx>
 #include <XCAFDoc_ShapeTool.hxx>
@@ -98,6 +99,19 @@ bool HasSolid(const TopoDS_Shape& shape)
     return TopExp_Explorer(shape, TopAbs_SOLID).More();
 }
 
+/// A face that closes up by itself, such as a sphere, needs no sewing and so comes back without a shell.
+TopoDS_Shape ShellOfOneFace(const TopoDS_Shape& sewed)
+{
+    if (sewed.IsNull() || sewed.ShapeType() != TopAbs_FACE) {
+        return sewed;
+    }
+    TopoDS_Shell shell;
+    BRep_Builder builder;
+    builder.MakeShell(shell);
+    builder.Add(shell, sewed);
+    return BRep_Tool::IsClosed(shell) ? TopoDS_Shape(shell) : sewed;
+}
+
 double SewingTolerance(const TopoDS_Shape& faces)
 {
     Bnd_Box box;
@@ -111,7 +125,7 @@ TopoDS_Shape SolidsFromFaces(const TopoDS_Shape& faces)
     BRepBuilderAPI_Sewing sewing(SewingTolerance(faces));
     sewing.Add(faces);
     sewing.Perform();
-    const TopoDS_Shape sewed = sewing.SewedShape();
+    const TopoDS_Shape sewed = ShellOfOneFace(sewing.SewedShape());
     if (sewed.IsNull() || sewing.NbFreeEdges() > 0 || !TopExp_Explorer(sewed, TopAbs_SHELL).More()) {
         return faces;
     }

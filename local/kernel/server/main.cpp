@@ -10,6 +10,7 @@
 #include <charconv>
 #include <cstdio>
 #include <iostream>
+#include <unistd.h>
 
 namespace {
 
@@ -51,7 +52,8 @@ int ServeConnection(const CommandLine& line)
         std::cerr << "tvkernel: --connect takes 127.0.0.1:PORT, and not \"" << line.connect << "\"\n";
         return kExitUsage;
     }
-    return Serve(port, line.token);
+    // The geometry library's statics are not worth the time that it takes to clean them up.
+    _exit(Serve(port, line.token));
 }
 
 int Convert(CommandLine& line)
