@@ -103,7 +103,7 @@ class CommandLine
 
         auto* set = add("set", "Set variables of a task", [this] { return SetTaskCommand(context, name, assignments); });
         set->add_option("NAME", name, "Name of the task")->required();
-        set->add_option("VARIABLE=VALUE", assignments, "Assignments; VARIABLE:KIND=VALUE for a variable of your own")
+        set->add_option("ASSIGNMENT", assignments, "VARIABLE=VALUE, or VARIABLE:KIND=VALUE for a variable of your own")
             ->required();
 
         auto* script = add("script", "Give a task its macro",
@@ -116,9 +116,12 @@ class CommandLine
     void AddRunCommands()
     {
         auto* launch = Command("launch", "Launch a task on files and folders; prints the id of the instance",
-                               [this] { return LaunchCommand(context, name, paths); });
+                               [this] { return LaunchCommand(context, name, paths, assignments); });
         launch->add_option("NAME", name, "Name of the task")->required();
         launch->add_option("PATH", paths, "Files and folders of the vault")->required();
+        launch->add_option("--set", assignments, "VARIABLE=VALUE for this launch only; may be given several times")
+            ->expected(1)
+            ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
 
         auto* run = Command("run", "Carry out launched tasks", [this] { return RunCommand(context, ids, all); });
         run->add_option("ID", ids, "Ids of instances");

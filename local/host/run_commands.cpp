@@ -3,6 +3,7 @@
 #include "host/add_in_session.h"
 #include "host/run_progress.h"
 #include "host/table.h"
+#include "host/task_variables.h"
 #include "vault/error_table.h"
 #include "vault/text.h"
 
@@ -210,9 +211,15 @@ void PrintInstance(HostContext& context, const InstanceRecord& instance)
 
 } // namespace
 
-int LaunchCommand(HostContext& context, const std::string& taskName, const std::vector<std::string>& paths)
+int LaunchCommand(HostContext& context, const std::string& taskName, const std::vector<std::string>& paths,
+                  const std::vector<std::string>& assignments)
 {
     const TaskRecord task = context.RequireTask(taskName);
+    std::vector<NamedValue> values;
+    for (const std::string& text : assignments) {
+        values.push_back(ParseAssignment(
+            text, [&](std::string_view variable) { return context.store->TaskVariable(task.id, variable); }));
+    }
     std::vector<SelectionItem> selection;
     for (const std::string& path : paths) {
         selection.push_back(Select(context, path));
@@ -220,6 +227,9 @@ int LaunchCommand(HostContext& context, const std::string& taskName, const std::
     AddInSession addIn(context.environment.component, context.store);
     const InstanceRecord record = context.store->MakeInstance(task.id);
     LaunchGuard guard(*context.store, record.id);
+    for (const NamedValue& value : values) {
+        context.store->SetInstanceVariable(record.id, value.name, value.value);
+    }
     const auto instance = MakeTaskInstance(context.store, record.id);
     const CommandOutcome launched = addIn.Send(VyxCmd_TaskLaunch, instance.get(), selection);
     RequireDone(launched.result, "The add-in refused the launch");

@@ -159,7 +159,11 @@ std::vector<Result> FileWork::CheckIn(std::span<const int32_t> files, std::strin
     }
     store->CheckIn(plans, comment);
     for (const CheckInPlan& plan : plans) {
-        store->Files().SetReadOnly(LocalPathOf(*store->FileById(plan.file)), true);
+        // The check-in has happened; a copy that stays writable is put right when it is next fetched.
+        (void)AtBoundary([&] {
+            store->Files().SetReadOnly(LocalPathOf(*store->FileById(plan.file)), true);
+            return 0;
+        });
     }
     return results;
 }

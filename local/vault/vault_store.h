@@ -138,7 +138,7 @@ class VaultStore
     std::optional<FileRecord> FileIn(int32_t folder, std::string_view name);
     std::filesystem::path PathOfContent(std::string_view hash) const;
     void KeepContent(const PendingContent& content);
-    void DropUnusedContents(std::span<const std::string> hashes);
+    void DropUnusedContents(std::span<const std::string> hashes) noexcept;
     FileRecord RequireFile(int32_t id);
     void RequireCheckedIn(const FileRecord& file);
     void PutVersion(const FileRecord& file, const ContentInfo& content, std::string_view comment);

@@ -63,15 +63,19 @@ void VaultStore::KeepContent(const PendingContent& content)
     disk.SetReadOnly(place, true);
 }
 
-void VaultStore::DropUnusedContents(std::span<const std::string> hashes)
+/// Bytes that no version names cost room and nothing else, so a failure here is nobody's concern.
+void VaultStore::DropUnusedContents(std::span<const std::string> hashes) noexcept
 {
-    Transaction transaction(database);
-    for (const std::string& hash : hashes) {
-        if (!database.Query("SELECT 1 FROM versions WHERE content = ?", std::string_view(hash)).Next()) {
-            disk.Remove(PathOfContent(hash));
+    (void)AtBoundary([&] {
+        Transaction transaction(database);
+        for (const std::string& hash : hashes) {
+            if (!database.Query("SELECT 1 FROM versions WHERE content = ?", std::string_view(hash)).Next()) {
+                disk.Remove(PathOfContent(hash));
+            }
         }
-    }
-    transaction.Commit();
+        transaction.Commit();
+        return 0;
+    });
 }
 
 FileRecord VaultStore::RequireFile(int32_t id)

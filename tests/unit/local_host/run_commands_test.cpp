@@ -85,6 +85,16 @@ TEST_F(RunCommands, LaunchSendsCommand44WithTheSelectionAndPrintsTheId)
     EXPECT_EQ(Store()->Selection(id).size(), 2u);
 }
 
+TEST_F(RunCommands, WhatIsSetAtTheLaunchCountsForThatLaunchOnly)
+{
+    const int32_t id = std::stoi(
+        Done({"launch", "Export STL", "--set", "FileFormat=step", "--set", "OutputPath2=x", "\\Parts\\screw.step"}));
+    EXPECT_EQ(Store()->InstanceVariable(id, "FileFormat"), StoredValue::FromText("STEP (*.step)"));
+    EXPECT_EQ(Store()->InstanceVariable(id, "OutputPath2"), StoredValue::FromText("x"));
+    EXPECT_EQ(Store()->InstanceVariable(Launch(), "FileFormat"), StoredValue::FromText("STL (*.stl)"));
+    EXPECT_EQ(Run({"launch", "Export STL", "\\Parts", "--set", "FileFormat=none"}).code, 2);
+}
+
 TEST_F(RunCommands, ALaunchThatTheAddInCancelsOrRefusesLeavesNothingBehind)
 {
     component.handlers[44] = [](const HandedCommand& command) {

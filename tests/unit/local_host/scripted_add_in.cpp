@@ -13,7 +13,7 @@ class ScriptedAddIn final : public ComObject<IVyxAddIn5, ITVTaskPreview>
 
     Result TV_CALL GetAddInInfo(VyxAddInInfo* info, IVyxCmdMgr* cmdMgr) override
     {
-        info->name = AllocateText(u"Scripted");
+        info->name = tv::AllocateText(u"Scripted");
         for (const auto& [command, handler] : script.handlers) {
             cmdMgr->AddHook(command, 0);
         }
@@ -37,7 +37,7 @@ class ScriptedAddIn final : public ComObject<IVyxAddIn5, ITVTaskPreview>
         if (!script.offersPreview) {
             return E_UNEXPECTED;
         }
-        *text = AllocateText(u"macro for " + std::u16string(TextOf(file->path)) + u" version " +
+        *text = tv::AllocateText(u"macro for " + std::u16string(tv::TextOf(file->path)) + u" version " +
                              std::u16string(1, static_cast<char16_t>(u'0' + file->version)) + u"\r\n");
         return 0;
     }

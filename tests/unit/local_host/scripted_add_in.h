@@ -4,6 +4,7 @@
 #include "host/component.h"
 #include "host/machine.h"
 
+#include "com/bstring.h"
 #include "com/com_object.h"
 #include "com/safe_array.h"
 

@@ -24,6 +24,27 @@ class PowerLoss : public DiskWorld
         return options;
     }
 
+    /// Copies what the disk holds. The database's shared memory is no part of that, and locked while it is open.
+    static void CopyDisk(const fs::path& from, const fs::path& to)
+    {
+        fs::create_directories(to);
+        for (const fs::directory_entry& entry : fs::directory_iterator(from)) {
+            const fs::path target = to / entry.path().filename();
+            if (entry.is_directory()) {
+                CopyDisk(entry.path(), target);
+            } else if (entry.path().filename() != "vault.db-shm") {
+                fs::copy_file(entry.path(), target);
+            }
+        }
+    }
+
+    static void CheckIn(FileWork& work, int32_t file)
+    {
+        for (Result result : work.CheckIn(std::vector{file}, "")) {
+            ThrowIfFailed(result);
+        }
+    }
+
     /// A day in the life of a vault; `promised` follows what has returned.
     void LiveThrough(VaultStore& store, Promised& promised)
     {
@@ -38,11 +59,11 @@ class PowerLoss : public DiskWorld
         WriteBytes(output, "first b");
         const FileRecord b = work.Add(output, store.MakeFolder({"Parts"}));
         promised[{"b.stl", 1}] = "first b";
-        work.CheckIn(std::vector{b.id}, "");
+        CheckIn(work, b.id);
 
         work.CheckOut(b.id);
         WriteBytes(output, "second b, longer");
-        work.CheckIn(std::vector{b.id}, "");
+        CheckIn(work, b.id);
         promised[{"b.stl", 2}] = "second b, longer";
 
         promised.erase({"a.step", 1});
@@ -81,7 +102,7 @@ TEST_F(PowerLoss, BetweenAnyTwoWritesLosesNothingThatWasReportedDone)
         // The disk as it stands before each write is what a power loss at that moment leaves.
         const auto store = VaultStore::Open(Root(), OptionsWith([&](std::string_view step) {
             const fs::path copy = Folder("snapshot " + std::to_string(snapshots.size()));
-            fs::copy(Root(), copy, fs::copy_options::recursive);
+            CopyDisk(Root(), copy);
             snapshots.push_back({copy, std::string(step), promised});
         }));
         LiveThrough(*store, promised);
@@ -110,16 +131,18 @@ TEST_F(PowerLoss, AFailedWriteIsReportedAndTheVaultWorksOn)
         VaultStore::Create(Root(), "Bench", OptionsOf(kAnna));
         Promised promised;
         int step = 0;
+        bool failing = true;
         std::string where;
         const auto store = VaultStore::Open(Root(), OptionsWith([&](std::string_view name) {
-            if (step++ == n) {
+            if (failing && step++ == n) {
                 fired = true;
                 where = "at step " + std::to_string(n) + ": " + std::string(name);
                 Fail(kErrorIo, "The write failed.");
             }
         }));
         const Result code = CodeOf([&] { LiveThrough(*store, promised); });
-        EXPECT_TRUE(!fired || code == kErrorIo || code == 0) << where;
+        failing = false;
+        EXPECT_TRUE(code == kErrorIo || code == 0) << where;
         ExpectPromisesKept(*store, promised, where);
         EXPECT_EQ(CodeOf([&] { Import(*store, "next.step", "next", {"Parts"}); }), 0) << where;
     }

@@ -287,8 +287,9 @@ TEST_F(VaultObjects, CardsAreWrittenInABatchAndReadByVersion)
     SafeArray values;
     VyxVersionInfo info{};
     ASSERT_EQ(reader->GetVersionVariables(Variant::FromInt(0).get(), screw.folder, variables.put(), values.put(), &info), 0);
+    const BStr revision = info.revision;
     EXPECT_EQ(info.currentVersion, 1);
-    EXPECT_EQ(info.revision, nullptr);
+    EXPECT_EQ(revision, nullptr);
     const SafeArrayView<VARIANT> objects(variables.get());
     ASSERT_EQ(objects.size(), 1u);
     ComPtr<IVyxVariableValue> value;

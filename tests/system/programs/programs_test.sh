@@ -1,0 +1,175 @@
+#!/bin/bash
+# Tests of the programs together. Called with the name of one test. TVTASK is the command that runs the task host.
+set -euo pipefail
+
+root=$(dirname "$(dirname "$(dirname "$(dirname "$(readlink -f "$0")")")")")
+tvtask=${TVTASK:-$root/tools/tvtask.sh}
+source "$root/cmake/wine_env.sh"
+
+work=$(mktemp -d)
+trap 'chmod -R u+w "$work"; rm -rf "$work"' EXIT
+
+windows_path() {
+    local path
+    path=$(readlink -m "$1")
+    echo "Z:${path//\//\\}"
+}
+
+vault=$(windows_path "$work/vault")
+
+fail() {
+    echo "FAILED: $*"
+    exit 1
+}
+
+# tv COMMAND… runs one command that must be done.
+tv() {
+    "$tvtask" "$@" --vault "$vault" || fail "tvtask $* ended with $?"
+}
+
+# Ends with the command's own code.
+tv_code() {
+    local code=0
+    "$tvtask" "$@" --vault "$vault" >"$work/out" 2>"$work/err" || code=$?
+    echo "$code"
+}
+
+# json NAME reads all values of a field out of printed JSON, one a line.
+json() {
+    sed -nE "s/^ *\"$1\": (.*[^,]),?\$/\1/p" | sed 's/^"//; s/"$//; s/\\\\/\\/g'
+}
+
+is() {
+    [[ $2 == "$3" ]] || fail "$1 is '$2' and not '$3'"
+}
+
+holds() {
+    [[ $2 == *"$3"* ]] || fail "$1 doesn't hold '$3': $2"
+}
+
+version_of() {
+    tv history "$1" --json | json version | head -n 1
+}
+
+id_of() {
+    tv history "$1" --json | json id | head -n 1
+}
+
+# A vault with a screw in it and a task that writes STL beside it.
+make_vault() {
+    tv init >/dev/null
+    tv import "$(windows_path /usr/share/opencascade/data/step/screw.step)" --to '\Parts' >/dev/null
+    tv task new Export --kind convert >/dev/null
+    tv task set Export FileFormat=STL 'OutputPath=<VaultPath>\Out\<Filename>' ReplaceOutput=false >/dev/null
+}
+
+# Launches the task and runs it; prints what the run printed.
+convert() {
+    local id
+    id=$(tv launch Export "$@")
+    tv run "$id"
+}
+
+nothing_is_left() {
+    local left
+    left=$("$TV_WINE" tasklist </dev/null 2>/dev/null | tr -d '\r' | grep -i '^TORVANE' || true)
+    is "the list of applications left" "$left" ""
+    if [[ -n ${TVKERNEL:-} ]]; then
+        is "the list of kernels left" "$(pgrep -f "^$TVKERNEL --connect" || true)" ""
+    fi
+    is "the list of files checked out" "$(tv ls -r --json | json checkedOutBy | grep -v '^null$' || true)" ""
+}
+
+ARealFileIsConvertedAndItsOutputsAreCheckedIn() {
+    make_vault
+    tv task set Export 'OutputPath2=<VaultPath>\Second\<Filename>' RefToSource=true >/dev/null
+    local out
+    out=$(convert '\Parts\screw.step')
+    holds "the report" "$out" 'finished'
+    is "the version" "$(version_of '\Out\screw.stl')" 1
+    is "the version of the second output" "$(version_of '\Second\screw.stl')" 1
+    tv export '\Out\screw.stl' "$(windows_path "$work/screw.stl")" >/dev/null
+    # A binary STL file says in its 81st to 84th byte how many triangles of 50 bytes follow.
+    local triangles
+    triangles=$(od -An -tu4 -j80 -N4 "$work/screw.stl" | tr -d ' ')
+    is "the size of the STL file" "$(stat -c %s "$work/screw.stl")" $((84 + 50 * triangles))
+    ((triangles > 100)) || fail "the STL file has $triangles triangles"
+    is "the status" "$(tv status 1 --json | json status | head -n 1)" 7
+    nothing_is_left
+}
+
+ASecondRunMakesTheNextVersionOfTheSameFile() {
+    make_vault
+    convert '\Parts\screw.step' >/dev/null
+    local id
+    id=$(id_of '\Out\screw.stl')
+    convert '\Parts\screw.step' >/dev/null
+    is "the version" "$(version_of '\Out\screw.stl')" 2
+    is "the file id" "$(id_of '\Out\screw.stl')" "$id"
+    nothing_is_left
+}
+
+ASecondRunThatReplacesMakesANewFileAtVersionOne() {
+    make_vault
+    tv task set Export ReplaceOutput=true >/dev/null
+    convert '\Parts\screw.step' >/dev/null
+    local id
+    id=$(id_of '\Out\screw.stl')
+    convert '\Parts\screw.step' >/dev/null
+    is "the version" "$(version_of '\Out\screw.stl')" 1
+    [[ $(id_of '\Out\screw.stl') != "$id" ]] || fail "the file id is still $id"
+    nothing_is_left
+}
+
+ADamagedFileAmongGoodOnesFailsTheRunAndIsNamedInTheLog() {
+    make_vault
+    head -c 20000 /usr/share/opencascade/data/step/linkrods.step >"$work/broken.step"
+    tv import "$(windows_path "$work/broken.step")" "$(windows_path "$root/samples/flange.step")" --to '\Parts' >/dev/null
+    local id
+    id=$(tv launch Export '\Parts\screw.step' '\Parts\broken.step' '\Parts\flange.step')
+    is "the exit code" "$(tv_code run "$id")" 1
+    is "the status" "$(tv status "$id" --json | json status | head -n 1)" 9
+    is "the message" "$(tv status "$id" --json | json message | head -n 1)" \
+        'Task finished with errors. Please see the log-file for more details.'
+    holds "the log" "$(tv log "$id")" 'broken.step'
+    is "the version of a good file before it" "$(version_of '\Out\screw.stl')" 1
+    is "the version of a good file behind it" "$(version_of '\Out\flange.stl')" 1
+    holds "the vault" "$(tv ls '\Logs\Export')" '.log'
+    nothing_is_left
+}
+
+ADrawingBecomesOnePdfOfAllItsSheets() {
+    make_vault
+    tv import "$(windows_path "$root/samples")" >/dev/null
+    tv task set Export FileFormat=PDF FileSheets=2 >/dev/null
+    convert '\samples\bracket.tvndrw' >/dev/null
+    tv export '\Out\bracket.pdf' "$(windows_path "$work/bracket.pdf")" >/dev/null
+    is "the number of pages" "$(pdfinfo "$work/bracket.pdf" | sed -n 's/^Pages: *//p')" 2
+    nothing_is_left
+}
+
+TheMacroIsExpandedButForTheTokensThatAreItsOwn() {
+    make_vault
+    tv task set Export 'OutputPath=<Path>\<Filename>_<Extension>_<Configuration>' >/dev/null
+    local macro
+    macro=$(tv macro Export '\Parts\screw.step')
+    holds "the macro" "$macro" 'Sub main'
+    holds "the macro" "$macro" "$vault\\Parts\\screw.step"
+    is "the tokens left" "$(grep -oE '<(Filename|Extension|Configuration|Path|VaultPath|Filepath|TaskInstanceGuid)>' \
+        <<<"$macro" | sort -u | xargs)" '<Configuration> <Extension> <Filename>'
+    is "the variables left" "$(grep -oE '\[[A-Za-z_]\w*\]' <<<"$macro" || true)" ""
+    is "the instances made" "$(tv status --json)" '[]'
+}
+
+TheExitCodeTellsHowACommandEnded() {
+    is "the code without a vault" "$(tv_code ls)" 3
+    make_vault
+    is "the code of a listing" "$(tv_code ls)" 0
+    is "the code of a wrong path" "$(tv_code history '\Parts\scew.step')" 2
+    is "the number of lines" "$(wc -l <"$work/err")" 1
+    holds "the line" "$(cat "$work/err")" '\Parts\scew.step'
+    is "the code of a wrong value" "$(tv_code task set Export StlQuality=fine)" 2
+    is "the code of no command" "$(tv_code)" 2
+}
+
+"$1"
