@@ -27,6 +27,8 @@ class CommandLine
     explicit CommandLine(HostContext& host) : context(host)
     {
         app.require_subcommand(1);
+        // A slash begins a path here, never an option.
+        app.allow_windows_style_options(false);
         app.set_help_all_flag("--help-all", "Show the help of every command");
         AddFileCommands();
         AddTaskCommands();
