@@ -1,0 +1,5 @@
+'! 13
+Sub main()
+    Dim n As Long
+    n = "abc"
+End Sub

@@ -1,0 +1,5 @@
+'! 94
+Sub main()
+    Dim n As Long
+    n = Null
+End Sub
