@@ -82,8 +82,8 @@ void AddInSession::RequireHook(int32_t command) const
     }
 }
 
-CommandOutcome AddInSession::Send(int32_t command, IVyxTaskInstance* instance,
-                                  std::span<const SelectionItem> selection, std::u16string_view button)
+CommandOutcome AddInSession::Send(int32_t command, IVyxTaskInstance* instance, std::span<const SelectionItem> selection,
+                                  std::u16string_view button)
 {
     RequireHook(command);
     CommandRecord record(command, vault.get(), instance, button);
@@ -109,8 +109,9 @@ std::string AddInSession::MacroFor(IVyxTaskInstance* instance, const SelectionIt
     BString text;
     const Result result = preview->GetMacroText(vault.get(), instance, &view[0], text.put());
     if (result < 0) {
-        Fail(result, result == E_UNEXPECTED ? "The task has no macro; give it one with: tvtask task script NAME --template"
-                                            : "The macro can't be made: " + WordsFor(result).description);
+        Fail(result, result == E_UNEXPECTED
+                         ? "The task has no macro; give it one with: tvtask task script NAME --template"
+                         : "The macro can't be made: " + WordsFor(result).description);
     }
     return Utf8(text.View());
 }

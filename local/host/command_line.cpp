@@ -63,7 +63,8 @@ class CommandLine
 
     void AddFileCommands()
     {
-        auto* init = Command(app, "init", "Make a vault", NeedsVault::No, [this] { return InitCommand(context, name); });
+        auto* init =
+            Command(app, "init", "Make a vault", NeedsVault::No, [this] { return InitCommand(context, name); });
         init->add_option("--name", name, "Name of the vault; that of its folder unless given");
 
         auto* import = Command("import", "Take files and folders of this machine into the vault",
@@ -71,11 +72,13 @@ class CommandLine
         import->add_option("HOSTPATH", paths, "Files, or folders with all that is in them")->required();
         import->add_option("--to", folder, "Folder of the vault; made when it is missing")->capture_default_str();
 
-        auto* list = Command("ls", "List a folder of the vault", [this] { return ListCommand(context, folder, recursive); });
+        auto* list =
+            Command("ls", "List a folder of the vault", [this] { return ListCommand(context, folder, recursive); });
         list->add_option("FOLDER", folder, "Folder of the vault");
         list->add_flag("-r,--recursive", recursive, "With everything below it");
 
-        auto* history = Command("history", "List the versions of a file", [this] { return HistoryCommand(context, path); });
+        auto* history =
+            Command("history", "List the versions of a file", [this] { return HistoryCommand(context, path); });
         history->add_option("FILE", path, "File of the vault")->required();
 
         auto* exportFile = Command("export", "Write the bytes of a version to this machine",
@@ -103,7 +106,8 @@ class CommandLine
         auto* show = add("show", "Show a task's variables", [this] { return ShowTaskCommand(context, name); });
         show->add_option("NAME", name, "Name of the task")->required();
 
-        auto* set = add("set", "Set variables of a task", [this] { return SetTaskCommand(context, name, assignments); });
+        auto* set =
+            add("set", "Set variables of a task", [this] { return SetTaskCommand(context, name, assignments); });
         set->add_option("NAME", name, "Name of the task")->required();
         set->add_option("ASSIGNMENT", assignments, "VARIABLE=VALUE, or VARIABLE:KIND=VALUE for a variable of your own")
             ->required();

@@ -41,8 +41,7 @@ class ResourceFile
   public:
     explicit ResourceFile(const std::wstring& path)
         : module(LoadLibraryExW(path.c_str(), nullptr, LOAD_LIBRARY_AS_DATAFILE | LOAD_LIBRARY_AS_IMAGE_RESOURCE))
-    {
-    }
+    {}
     ResourceFile(const ResourceFile&) = delete;
     ResourceFile& operator=(const ResourceFile&) = delete;
     ~ResourceFile()
@@ -57,9 +56,8 @@ class ResourceFile
         HRSRC place = FindResourceW(module, MAKEINTRESOURCEW(id), L"Script");
         HGLOBAL loaded = place != nullptr ? LoadResource(module, place) : nullptr;
         const void* bytes = loaded != nullptr ? LockResource(loaded) : nullptr;
-        return bytes != nullptr
-                   ? std::string_view(static_cast<const char*>(bytes), SizeofResource(module, place))
-                   : std::string_view();
+        return bytes != nullptr ? std::string_view(static_cast<const char*>(bytes), SizeofResource(module, place))
+                                : std::string_view();
     }
 
   private:
@@ -90,8 +88,8 @@ class RegisteredComponent final : public Component
     ComPtr<IVyxAddIn5> Create() override
     {
         ComPtr<IVyxAddIn5> addIn;
-        const HRESULT result = CoCreateInstance(kTaskAddInClass, nullptr, CLSCTX_INPROC_SERVER, kInterfaceId<IVyxAddIn5>,
-                                                addIn.putVoid());
+        const HRESULT result =
+            CoCreateInstance(kTaskAddInClass, nullptr, CLSCTX_INPROC_SERVER, kInterfaceId<IVyxAddIn5>, addIn.putVoid());
         if (FAILED(result)) {
             FailToCreate(result);
         }
@@ -104,8 +102,8 @@ class RegisteredComponent final : public Component
         const ResourceFile file(path);
         const std::string_view bytes = file.Find(resource);
         if (bytes.empty()) {
-            Fail(E_FAIL, "The add-in '" + Utf8(std::u16string(path.begin(), path.end())) + "' carries no macro template " +
-                             std::to_string(resource) + ".");
+            Fail(E_FAIL, "The add-in '" + Utf8(std::u16string(path.begin(), path.end())) +
+                             "' carries no macro template " + std::to_string(resource) + ".");
         }
         return FromAnsi(bytes) + "\n";
     }

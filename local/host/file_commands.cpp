@@ -51,7 +51,8 @@ std::string HolderText(const std::optional<CheckOutRecord>& checkOut)
 Json ToJson(HostContext& context, const FileRecord& file)
 {
     const auto latest = context.store->Version(file.id, file.latestVersion);
-    Json json{{"path", VaultPathText(context.store->PathOfFile(file))}, {"id", file.id}, {"version", file.latestVersion}};
+    Json json{
+        {"path", VaultPathText(context.store->PathOfFile(file))}, {"id", file.id}, {"version", file.latestVersion}};
     if (latest) {
         json["size"] = latest->size;
         json["time"] = latest->time;
@@ -85,7 +86,8 @@ class Listing
         }
     }
 
-    Table table{{{"Name"}, {"Version", Align::Right}, {"Size", Align::Right}, {"Checked in (UTC)"}, {"Checked out by"}}};
+    Table table{
+        {{"Name"}, {"Version", Align::Right}, {"Size", Align::Right}, {"Checked in (UTC)"}, {"Checked out by"}}};
     Json json = Json::array();
 
   private:
@@ -104,7 +106,8 @@ int InitCommand(HostContext& context, const std::string& name)
     } else {
         const std::string given = name.empty() ? TextOf(fs::absolute(folder).lexically_normal().filename()) : name;
         try {
-            context.store = VaultStore::Create(folder, given.empty() ? "LocalVault" : given, context.environment.storeOptions);
+            context.store =
+                VaultStore::Create(folder, given.empty() ? "LocalVault" : given, context.environment.storeOptions);
         } catch (const std::exception& error) {
             const auto* result = dynamic_cast<const ResultError*>(&error);
             throw NoVaultError("A vault can't be made in '" + context.vaultFolder +
@@ -115,8 +118,8 @@ int InitCommand(HostContext& context, const std::string& name)
     if (context.json) {
         context.PrintJson({{"vault", context.store->Name()}, {"folder", root}, {"made", !present}});
     } else {
-        context.environment.out << (present ? "There is a vault already: '" : "Made the vault '") << context.store->Name()
-                                << "' in " << root << "\n";
+        context.environment.out << (present ? "There is a vault already: '" : "Made the vault '")
+                                << context.store->Name() << "' in " << root << "\n";
     }
     return kExitDone;
 }
@@ -218,9 +221,8 @@ int ExportCommand(HostContext& context, const std::string& path, const std::stri
     }
     context.Files().Export(file, number, to);
     if (context.json) {
-        context.PrintJson({{"path", VaultPathText(context.store->PathOfFile(file))},
-                           {"version", number},
-                           {"target", TextOf(to)}});
+        context.PrintJson(
+            {{"path", VaultPathText(context.store->PathOfFile(file))}, {"version", number}, {"target", TextOf(to)}});
     } else {
         context.environment.out << "Version " << number << " of " << VaultPathText(context.store->PathOfFile(file))
                                 << " written to " << TextOf(to) << "\n";

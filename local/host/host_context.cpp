@@ -25,8 +25,8 @@ VaultPath HostContext::ReadPath(std::string_view text) const
         return *path;
     }
     if (text.size() > 1 && text[1] == ':') {
-        throw UsageError(std::string("'") + std::string(text) + "' isn't in the vault; its folder is '" + TextOf(store->Root()) +
-                         "'.");
+        throw UsageError(std::string("'") + std::string(text) + "' isn't in the vault; its folder is '" +
+                         TextOf(store->Root()) + "'.");
     }
     try {
         return ParseVaultPath(text);
@@ -46,7 +46,8 @@ FileRecord HostContext::RequireFile(std::string_view text) const
         folder.pop_back();
     }
     const bool isFolder = folder.size() == path.size();
-    throw UsageError(std::string("'") + VaultPathText(path) + (isFolder ? "' is a folder; a file is needed." : "' isn't in the vault.") +
+    throw UsageError(std::string("'") + VaultPathText(path) +
+                     (isFolder ? "' is a folder; a file is needed." : "' isn't in the vault.") +
                      " To see what is there: tvtask ls \"" + VaultPathText(folder) + "\"");
 }
 
@@ -68,8 +69,9 @@ TaskRecord HostContext::RequireTask(std::string_view name) const
     for (const TaskRecord& task : store->Tasks()) {
         names += (names.empty() ? "'" : ", '") + task.name + "'";
     }
-    throw UsageError("There is no task '" + std::string(name) + "'; " +
-                     (names.empty() ? "make one with: tvtask task new NAME --kind convert" : "there are: " + names + "."));
+    throw UsageError(
+        "There is no task '" + std::string(name) + "'; " +
+        (names.empty() ? "make one with: tvtask task new NAME --kind convert" : "there are: " + names + "."));
 }
 
 InstanceRecord HostContext::RequireInstance(int32_t id) const

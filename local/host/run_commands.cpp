@@ -32,7 +32,8 @@ SelectionItem Select(HostContext& context, const std::string& text)
 {
     const VaultPath path = context.ReadPath(text);
     if (const auto folder = context.store->FindFolder(path)) {
-        return {0, folder->id, TextOf(context.Files().LocalPath(context.store->PathOfFolder(folder->id))), {}, kFolderItem, 0};
+        return {0,  folder->id,  TextOf(context.Files().LocalPath(context.store->PathOfFolder(folder->id))),
+                {}, kFolderItem, 0};
     }
     const FileRecord file = context.RequireFile(text);
     return {file.id, file.folder, TextOf(context.Files().LocalPathOf(file)), {}, kFileItem, 0};
@@ -238,7 +239,8 @@ int LaunchCommand(HostContext& context, const std::string& taskName, const std::
     }
     if (!launched.page.empty()) {
         // The add-in left a page open for the user; its values are taken as they stand.
-        const CommandOutcome closed = addIn.Send(VyxCmd_TaskLaunchButton, instance.get(), launched.selection, kOkButton);
+        const CommandOutcome closed =
+            addIn.Send(VyxCmd_TaskLaunchButton, instance.get(), launched.selection, kOkButton);
         RequireDone(closed.result, "The page '" + launched.page + "' refused its values");
     }
     context.store->FinishLaunch(record.id, launched.selection);
@@ -291,7 +293,12 @@ int StatusCommand(HostContext& context, std::optional<int32_t> id)
         }
         return kExitDone;
     }
-    Table table({{"Id", Align::Right}, {"Task"}, {"Status"}, {"Progress", Align::Right}, {"Started (UTC)"}, {"Ended (UTC)"},
+    Table table({{"Id", Align::Right},
+                 {"Task"},
+                 {"Status"},
+                 {"Progress", Align::Right},
+                 {"Started (UTC)"},
+                 {"Ended (UTC)"},
                  {"Message"}});
     Json json = Json::array();
     for (const InstanceRecord& instance : context.store->Instances()) {
@@ -316,11 +323,12 @@ int LogCommand(HostContext& context, int32_t id)
     const auto text = ReadLog(context, instance);
     if (context.json) {
         const auto path = LogPath(context, instance);
-        context.PrintJson({{"id", id}, {"path", path ? Json(*path) : Json(nullptr)}, {"text", text ? Json(*text) : Json(nullptr)}});
+        context.PrintJson(
+            {{"id", id}, {"path", path ? Json(*path) : Json(nullptr)}, {"text", text ? Json(*text) : Json(nullptr)}});
     } else if (text) {
         context.environment.out << *text << (text->ends_with('\n') ? "" : "\n");
     } else {
-        context.environment.out << "The task instance " << id << " has no log: nothing went wrong in it.\n";
+        context.environment.out << "The task instance " << id << " has no log.\n";
     }
     return kExitDone;
 }
@@ -335,7 +343,8 @@ int MacroCommand(HostContext& context, const std::string& taskName, const std::s
     const auto instance = MakePreviewInstance(context.store, task);
     const std::string text = addIn.MacroFor(instance.get(), item);
     if (context.json) {
-        context.PrintJson({{"task", task.name}, {"path", VaultPathText(context.store->PathOfFile(file))}, {"macro", text}});
+        context.PrintJson(
+            {{"task", task.name}, {"path", VaultPathText(context.store->PathOfFile(file))}, {"macro", text}});
     } else {
         context.environment.out << text;
     }

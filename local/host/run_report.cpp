@@ -162,7 +162,10 @@ Json ToJson(const std::vector<ReportRow>& rows)
 {
     Json json = Json::array();
     for (const ReportRow& row : rows) {
-        Json entry{{"source", row.source}, {"output", row.output}, {"id", row.file}, {"version", row.version},
+        Json entry{{"source", row.source},
+                   {"output", row.output},
+                   {"id", row.file},
+                   {"version", row.version},
                    {"size", row.size}};
         entry["seconds"] = row.seconds ? Json(*row.seconds) : Json(nullptr);
         entry["status"] = row.status;

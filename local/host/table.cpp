@@ -10,13 +10,10 @@ namespace {
 
 constexpr std::string_view kGap = "  ";
 
-std::string Padded(const std::string& cell, size_t width, Align align, bool last)
+std::string Padded(const std::string& cell, size_t width, Align align)
 {
     const std::string blanks(width - std::min(width, CharacterCount(cell)), ' ');
-    if (align == Align::Right) {
-        return blanks + cell;
-    }
-    return last ? cell : cell + blanks;
+    return align == Align::Right ? blanks + cell : cell + blanks;
 }
 
 } // namespace
@@ -39,10 +36,12 @@ void Table::Print(std::ostream& out) const
         }
     }
     const auto printLine = [&](const auto& cellAt) {
+        std::string line;
         for (size_t i = 0; i < columns.size(); ++i) {
-            const bool last = i + 1 == columns.size();
-            out << Padded(cellAt(i), widths[i], columns[i].align, last) << (last ? "\n" : kGap);
+            line += (i > 0 ? kGap : "");
+            line += Padded(cellAt(i), widths[i], columns[i].align);
         }
+        out << line.substr(0, line.find_last_not_of(' ') + 1) << "\n";
     };
     printLine([&](size_t i) { return columns[i].title; });
     printLine([&](size_t i) { return std::string(widths[i], '-'); });

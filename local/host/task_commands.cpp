@@ -148,7 +148,8 @@ int ShowTaskCommand(HostContext& context, const std::string& name)
     Json json{{"id", task.id}, {"name", task.name}, {"variables", Json::object()}};
     for (const NamedValue& variable : context.store->TaskVariables(task.id)) {
         const auto identifier = context.store->VariableIdentifier(variable.name);
-        table.Add({variable.name, KindText(variable.value), std::to_string(identifier.value_or(0)), Shown(variable.value)});
+        table.Add(
+            {variable.name, KindText(variable.value), std::to_string(identifier.value_or(0)), Shown(variable.value)});
         json["variables"][variable.name] = {{"kind", KindText(variable.value)}, {"value", ToJson(variable.value)}};
     }
     if (context.json) {

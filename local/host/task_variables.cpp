@@ -254,7 +254,8 @@ std::optional<StoredValue> ParseValue(ValueKind kind, std::string_view text)
 {
     const char* const end = text.data() + text.size();
     switch (kind) {
-    case ValueKind::Text: return StoredValue::FromText(text);
+    case ValueKind::Text:
+        return StoredValue::FromText(text);
     case ValueKind::Int: {
         int32_t number = 0;
         const auto [rest, error] = std::from_chars(text.data(), end, number);
@@ -296,7 +297,8 @@ NamedValue ParseAssignment(std::string_view text,
         const std::string_view word = name.substr(colon + 1);
         kind = KindOfWord(word);
         if (!kind) {
-            throw UsageError(std::string("'") + std::string(word) + "' is no kind of value; write int, float, text or bool.");
+            throw UsageError(std::string("'") + std::string(word) +
+                             "' is no kind of value; write int, float, text or bool.");
         }
         name = name.substr(0, colon);
     }
@@ -308,13 +310,15 @@ NamedValue ParseAssignment(std::string_view text,
         kind = stored ? KindOfValue(*stored) : std::nullopt;
     }
     if (!kind) {
-        throw UsageError(std::string("'") + std::string(name) + "' isn't a variable of the add-in; for one of your own write " +
-                         std::string(name) + ":text=…, or int, float or bool in place of text.");
+        throw UsageError(std::string("'") + std::string(name) +
+                         "' isn't a variable of the add-in; for one of your own write " + std::string(name) +
+                         ":text=…, or int, float or bool in place of text.");
     }
     if (name == kFormatVariable) {
         const auto format = FindOutputFormat(value);
         if (!format) {
-            throw UsageError(std::string("'") + std::string(value) + "' is no output format; there are: " + FormatNames() + ".");
+            throw UsageError(std::string("'") + std::string(value) +
+                             "' is no output format; there are: " + FormatNames() + ".");
         }
         return {std::string(name), StoredValue::FromText(*format)};
     }
@@ -322,8 +326,8 @@ NamedValue ParseAssignment(std::string_view text,
     if (!parsed) {
         constexpr std::string_view kExamples[] = {"a whole number such as 4", "a number such as 12.5", "a text",
                                                   "true or false"};
-        throw UsageError(std::string("'") + std::string(value) + "' can't be the value of " + std::string(name) + "; it takes " +
-                         std::string(kExamples[static_cast<size_t>(*kind)]) + ".");
+        throw UsageError(std::string("'") + std::string(value) + "' can't be the value of " + std::string(name) +
+                         "; it takes " + std::string(kExamples[static_cast<size_t>(*kind)]) + ".");
     }
     return {std::string(name), *parsed};
 }

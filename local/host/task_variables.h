@@ -44,7 +44,8 @@ std::optional<StoredValue> ParseValue(ValueKind kind, std::string_view text);
 
 /// Reads "NAME=VALUE" or "NAME:KIND=VALUE". A kind that isn't written is that of `current`, or else the known one.
 /// Raises UsageError with a line that says what would be right.
-NamedValue ParseAssignment(std::string_view text, const std::function<std::optional<StoredValue>(std::string_view)>& current);
+NamedValue ParseAssignment(std::string_view text,
+                           const std::function<std::optional<StoredValue>(std::string_view)>& current);
 
 /// The variables of a new convert task, with its macro.
 std::vector<NamedValue> NewTaskVariables(int32_t kind, std::string_view taskName, std::string_view script);

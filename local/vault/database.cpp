@@ -30,14 +30,12 @@ void Check(sqlite3* connection, int code)
 
 Statement::Statement(sqlite3* owner, std::string_view sql) : connection(owner)
 {
-    Check(connection,
-          sqlite3_prepare_v2(connection, sql.data(), static_cast<int>(sql.size()), &statement, nullptr));
+    Check(connection, sqlite3_prepare_v2(connection, sql.data(), static_cast<int>(sql.size()), &statement, nullptr));
 }
 
 Statement::Statement(Statement&& other) noexcept
     : connection(other.connection), statement(std::exchange(other.statement, nullptr))
-{
-}
+{}
 
 Statement::~Statement()
 {
@@ -118,10 +116,14 @@ std::optional<std::string> Statement::OptionalText(int column) const
 ColumnValue Statement::Value(int column) const
 {
     switch (sqlite3_column_type(statement, column)) {
-    case SQLITE_INTEGER: return Int64(column);
-    case SQLITE_FLOAT: return Number(column);
-    case SQLITE_TEXT: return Text(column);
-    default: return std::monostate{};
+    case SQLITE_INTEGER:
+        return Int64(column);
+    case SQLITE_FLOAT:
+        return Number(column);
+    case SQLITE_TEXT:
+        return Text(column);
+    default:
+        return std::monostate{};
     }
 }
 

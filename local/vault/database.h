@@ -34,8 +34,7 @@ class Statement
     void Bind(int index, std::string_view text);
     void Bind(int index, std::nullopt_t);
     void Bind(int index, const ColumnValue& value);
-    template <typename Type>
-    void Bind(int index, const std::optional<Type>& value)
+    template <typename Type> void Bind(int index, const std::optional<Type>& value)
     {
         value ? Bind(index, *value) : Bind(index, std::nullopt);
     }
@@ -65,8 +64,7 @@ class Database
     Database& operator=(const Database&) = delete;
     ~Database();
 
-    template <typename... Arguments>
-    Statement Query(std::string_view sql, const Arguments&... arguments)
+    template <typename... Arguments> Statement Query(std::string_view sql, const Arguments&... arguments)
     {
         Statement statement(connection, sql);
         int index = 0;
@@ -75,8 +73,7 @@ class Database
     }
 
     /// Carries out one change; returns the number of rows changed.
-    template <typename... Arguments>
-    int64_t Run(std::string_view sql, const Arguments&... arguments)
+    template <typename... Arguments> int64_t Run(std::string_view sql, const Arguments&... arguments)
     {
         disk.Announce("change row");
         Statement statement = Query(sql, arguments...);

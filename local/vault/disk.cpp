@@ -39,12 +39,16 @@ int ErrnoOfSystem()
 {
     switch (GetLastError()) {
     case ERROR_FILE_NOT_FOUND:
-    case ERROR_PATH_NOT_FOUND: return ENOENT;
+    case ERROR_PATH_NOT_FOUND:
+        return ENOENT;
     case ERROR_DISK_FULL:
-    case ERROR_HANDLE_DISK_FULL: return ENOSPC;
+    case ERROR_HANDLE_DISK_FULL:
+        return ENOSPC;
     case ERROR_ACCESS_DENIED:
-    case ERROR_SHARING_VIOLATION: return EACCES;
-    default: return EIO;
+    case ERROR_SHARING_VIOLATION:
+        return EACCES;
+    default:
+        return EIO;
     }
 }
 
@@ -195,7 +199,8 @@ std::optional<FileStamp> Disk::StampOf(const fs::path& path)
                                               data.ftLastWriteTime.dwLowDateTime);
     }
 #else
-    struct stat status{};
+    struct stat status
+    {};
     if (::stat(path.c_str(), &status) == 0) {
         stamp.modified = int64_t{status.st_mtim.tv_sec} * 1'000'000'000 + status.st_mtim.tv_nsec;
     }
@@ -236,7 +241,8 @@ void Disk::SetReadOnly(const fs::path& path, bool readOnly) const
     Announce(readOnly ? "make read-only" : "make writable");
 #ifdef _WIN32
     const auto attributes = GetFileAttributesW(path.c_str());
-    const auto wanted = readOnly ? attributes | FILE_ATTRIBUTE_READONLY : attributes & ~unsigned{FILE_ATTRIBUTE_READONLY};
+    const auto wanted =
+        readOnly ? attributes | FILE_ATTRIBUTE_READONLY : attributes & ~unsigned{FILE_ATTRIBUTE_READONLY};
     if (attributes == INVALID_FILE_ATTRIBUTES || !SetFileAttributesW(path.c_str(), wanted)) {
         FailOn("Changing the attributes of", path, ErrnoOfSystem());
     }

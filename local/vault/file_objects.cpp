@@ -176,8 +176,7 @@ class FileObject final : public ComObject<IVyxFile>
     }
 
   private:
-    template <typename Value, typename Reader>
-    Result Give(Value* result, Reader&& read)
+    template <typename Value, typename Reader> Result Give(Value* result, Reader&& read)
     {
         return AtBoundary([&] {
             RequirePointer(result);
@@ -272,8 +271,7 @@ class FolderObject final : public ComObject<IVyxFolder>
     }
 
   private:
-    template <typename Records>
-    static ComPtr<IVyxPos> MakePosition(const Records& records)
+    template <typename Records> static ComPtr<IVyxPos> MakePosition(const Records& records)
     {
         std::vector<int32_t> ids;
         for (const auto& record : records) {

@@ -34,16 +34,16 @@ class FileWork
     /// As Fetch, and then everything that the file refers to, whatever the depth.
     void FetchWithReferences(const FileRecord& file, int32_t version, ReferenceRule rule);
 
-    /// Adds a file from the disk to a folder: version 1 with these bytes, checked out by this session until it is checked
-    /// in. A file that doesn't stand in the folder's local view is copied there.
+    /// Adds a file from the disk to a folder: version 1 with these bytes, checked out by this session until it is
+    /// checked in. A file that doesn't stand in the folder's local view is copied there.
     FileRecord Add(const std::filesystem::path& from, const FolderRecord& folder);
 
     /// The local copy becomes the latest version, writable.
     void CheckOut(int32_t file);
 
-    /// Ends the check-outs and returns a code for each file, in order. A file that was written since its check-out gets a
-    /// version, even when the bytes came out the same; one that nobody wrote keeps the version that it has. What can be
-    /// checked in is, in one transaction, whatever stands against the others.
+    /// Ends the check-outs and returns a code for each file, in order. A file that was written since its check-out gets
+    /// a version, even when the bytes came out the same; one that nobody wrote keeps the version that it has. What can
+    /// be checked in is, in one transaction, whatever stands against the others.
     std::vector<Result> CheckIn(std::span<const int32_t> files, std::string_view comment);
 
     /// The file and its local copy go.

@@ -26,13 +26,16 @@ std::optional<std::string> NameOfKey(VaultStore& store, const VARIANT* key)
     RequirePointer(key);
     const Variant plain = Variant::Copy(*key);
     switch (plain.Type()) {
-    case VT_BSTR: return Utf8(plain.ToText());
+    case VT_BSTR:
+        return Utf8(plain.ToText());
     case VT_I2:
     case VT_I4:
     case VT_INT:
     case VT_UI4:
-    case VT_UINT: return store.VariableName(plain.ToInt());
-    default: Fail(E_INVALIDARG, "A variable is looked up by its name or by its number.");
+    case VT_UINT:
+        return store.VariableName(plain.ToInt());
+    default:
+        Fail(E_INVALIDARG, "A variable is looked up by its name or by its number.");
     }
 }
 
@@ -57,8 +60,7 @@ class TaskInstanceObject final : public ComObject<IVyxTaskInstance>
   public:
     TaskInstanceObject(std::shared_ptr<VaultStore> vault, int32_t instance, InstanceObserver told)
         : store(std::move(vault)), id(instance), observer(std::move(told))
-    {
-    }
+    {}
 
     Result TV_CALL GetVariable(const char16_t* name, VARIANT* value) override
     {
@@ -172,8 +174,7 @@ class PreviewInstanceObject final : public ComObject<IVyxTaskInstance>
   public:
     PreviewInstanceObject(std::shared_ptr<VaultStore> vault, TaskRecord definition)
         : store(std::move(vault)), task(std::move(definition)), guid(NewGuidText())
-    {
-    }
+    {}
 
     Result TV_CALL GetVariable(const char16_t* name, VARIANT* value) override
     {
@@ -332,7 +333,8 @@ class TaskPropertiesObject final : public ComObject<IVyxTaskProperties>
 
 } // namespace
 
-ComPtr<IVyxTaskInstance> MakeTaskInstance(std::shared_ptr<VaultStore> store, int32_t instance, InstanceObserver observer)
+ComPtr<IVyxTaskInstance> MakeTaskInstance(std::shared_ptr<VaultStore> store, int32_t instance,
+                                          InstanceObserver observer)
 {
     return ComPtr<IVyxTaskInstance>::Adopt(
         MakeObject<TaskInstanceObject>(std::move(store), instance, std::move(observer)).release());
@@ -369,8 +371,8 @@ std::vector<SelectionItem> ReadCommandData(SAFEARRAY* data)
 {
     std::vector<SelectionItem> items;
     for (const VyxCmdData& record : SafeArrayView<VyxCmdData>(data)) {
-        items.push_back({record.fileId, record.folderId, Utf8(tv::TextOf(record.path)), Utf8(tv::TextOf(record.configuration)),
-                         record.kind, record.version});
+        items.push_back({record.fileId, record.folderId, Utf8(tv::TextOf(record.path)),
+                         Utf8(tv::TextOf(record.configuration)), record.kind, record.version});
     }
     return items;
 }

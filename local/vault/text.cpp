@@ -35,7 +35,10 @@ char32_t NextPoint(std::string_view text, size_t& position)
     if (first < 0x80) {
         return first;
     }
-    const int more = first >= 0xF0 && first < 0xF8 ? 3 : first >= 0xE0 && first < 0xF0 ? 2 : first >= 0xC2 && first < 0xE0 ? 1 : 0;
+    const int more = first >= 0xF0 && first < 0xF8   ? 3
+                     : first >= 0xE0 && first < 0xF0 ? 2
+                     : first >= 0xC2 && first < 0xE0 ? 1
+                                                     : 0;
     if (more == 0) {
         return kReplacement;
     }

@@ -318,8 +318,7 @@ class BatchRefs final : public ComObject<IVyxBatchRefs>
     std::vector<Queued> queue;
 };
 
-template <typename Interface, typename Utility>
-ComPtr<IUnknown> Make(const Context& context)
+template <typename Interface, typename Utility> ComPtr<IUnknown> Make(const Context& context)
 {
     return ComPtr<IUnknown>::Adopt(static_cast<Interface*>(MakeObject<Utility>(context).release()));
 }

@@ -1,4 +1,5 @@
-// The vault as the add-in sees it: component objects over the store. What they can't do they refuse; nothing is pretended.
+// The vault as the add-in sees it: component objects over the store. What they can't do they refuse; nothing is
+// pretended.
 #pragma once
 
 #include "vault/file_work.h"

@@ -52,7 +52,8 @@ void CheckName(std::string_view name)
         refuse("must have 1 to 255 characters.");
     }
     const auto forbidden = [](char character) {
-        return static_cast<unsigned char>(character) < 0x20 || std::string_view("\\/:*?\"<>|").find(character) != std::string_view::npos;
+        return static_cast<unsigned char>(character) < 0x20 ||
+               std::string_view("\\/:*?\"<>|").find(character) != std::string_view::npos;
     };
     if (std::any_of(name.begin(), name.end(), forbidden)) {
         refuse("holds a character that a file name can't have: \\ / : * ? \" < > |");
@@ -88,8 +89,7 @@ std::optional<VaultPath> BelowRoot(const std::filesystem::path& root, std::strin
     }
     const VaultPath rootParts = SplitAtSlashes(TextOf(root));
     VaultPath parts = SplitAtSlashes(fullPath);
-    if (parts.size() < rootParts.size() ||
-        !std::equal(rootParts.begin(), rootParts.end(), parts.begin(), SameName)) {
+    if (parts.size() < rootParts.size() || !std::equal(rootParts.begin(), rootParts.end(), parts.begin(), SameName)) {
         return std::nullopt;
     }
     parts.erase(parts.begin(), parts.begin() + static_cast<std::ptrdiff_t>(rootParts.size()));

@@ -15,8 +15,8 @@ using VaultPath = std::vector<std::string>;
 /// The folder below the root that holds the vault's own things; no vault folder may be called so.
 inline constexpr std::string_view kPrivateFolder = ".quellor";
 
-/// Reads a path below the root, with either slash; "." and ".." are resolved. Raises E_VYX_INVALID_NAME with a line that
-/// tells which name is wrong and why.
+/// Reads a path below the root, with either slash; "." and ".." are resolved. Raises E_VYX_INVALID_NAME with a line
+/// that tells which name is wrong and why.
 VaultPath ParseVaultPath(std::string_view text);
 
 /// Raises E_VYX_INVALID_NAME for a name that Windows wouldn't take or that is the vault's own.

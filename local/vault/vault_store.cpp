@@ -76,7 +76,8 @@ FileRecord ReadFile(const Statement& row)
 {
     FileRecord file{row.Int(0), row.Int(1), row.Text(2), row.Int(3), std::nullopt};
     if (!row.IsNull(4)) {
-        file.checkOut = CheckOutRecord{{row.Text(4), row.Text(5)}, row.Text(6), {row.Int64(7), row.Int64(8)}, row.Int(9) != 0};
+        file.checkOut =
+            CheckOutRecord{{row.Text(4), row.Text(5)}, row.Text(6), {row.Int64(7), row.Int64(8)}, row.Int(9) != 0};
     }
     return file;
 }

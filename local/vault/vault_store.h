@@ -33,8 +33,8 @@ struct CheckInPlan
     std::optional<PendingContent> content;
 };
 
-/// One open vault. Each public operation that writes is one transaction: it has happened whole when it returns, and not at
-/// all when it raises. Not found is a value; a refusal is a ResultError with a vault code and a line for a person.
+/// One open vault. Each public operation that writes is one transaction: it has happened whole when it returns, and not
+/// at all when it raises. Not found is a value; a refusal is a ResultError with a vault code and a line for a person.
 class VaultStore
 {
   public:

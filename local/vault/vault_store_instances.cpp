@@ -33,8 +33,8 @@ InstanceRecord ReadInstance(const Statement& row)
 
 bool IsEnd(int32_t status)
 {
-    return status == static_cast<int32_t>(TaskStatus::Finished) || status == static_cast<int32_t>(TaskStatus::Cancelled) ||
-           status == static_cast<int32_t>(TaskStatus::Failed);
+    return status == static_cast<int32_t>(TaskStatus::Finished) ||
+           status == static_cast<int32_t>(TaskStatus::Cancelled) || status == static_cast<int32_t>(TaskStatus::Failed);
 }
 
 struct StatusName
@@ -141,10 +141,11 @@ void VaultStore::FinishLaunch(int32_t instance, std::span<const SelectionItem> s
     database.Run("DELETE FROM instance_selection WHERE instance = ?", instance);
     int32_t position = 0;
     for (const SelectionItem& item : selection) {
-        database.Run("INSERT INTO instance_selection (instance, position, file, folder, path, configuration, kind, version) "
-                     "VALUES (?, ?, ?, ?, ?, ?, ?, ?)",
-                     instance, position++, item.file, item.folder, std::string_view(item.path),
-                     std::string_view(item.configuration), item.kind, item.version);
+        database.Run(
+            "INSERT INTO instance_selection (instance, position, file, folder, path, configuration, kind, version) "
+            "VALUES (?, ?, ?, ?, ?, ?, ?, ?)",
+            instance, position++, item.file, item.folder, std::string_view(item.path),
+            std::string_view(item.configuration), item.kind, item.version);
     }
     database.Run("UPDATE instances SET status = ? WHERE id = ?", static_cast<int32_t>(TaskStatus::Waiting), instance);
     transaction.Commit();
@@ -167,14 +168,16 @@ void VaultStore::SetStatus(int32_t instance, int32_t status, int32_t result, std
     database.Run("UPDATE instances SET status = ?, result = ?, message = ? WHERE id = ?", status, result, message,
                  instance);
     if (IsEnd(status)) {
-        database.Run("UPDATE instances SET ended = ?, host_process = 0 WHERE id = ?", std::string_view(Now()), instance);
+        database.Run("UPDATE instances SET ended = ?, host_process = 0 WHERE id = ?", std::string_view(Now()),
+                     instance);
         database.Run("DELETE FROM instance_documents WHERE instance = ?", instance);
     }
     int32_t position = 0;
     for (const DocumentItem& item : documents) {
-        database.Run("INSERT OR REPLACE INTO instance_documents (instance, position, file, object_type, folder, version) "
-                     "VALUES (?, ?, ?, ?, ?, ?)",
-                     instance, position++, item.file, item.objectType, item.folder, item.version);
+        database.Run(
+            "INSERT OR REPLACE INTO instance_documents (instance, position, file, object_type, folder, version) "
+            "VALUES (?, ?, ?, ?, ?, ?)",
+            instance, position++, item.file, item.objectType, item.folder, item.version);
     }
     transaction.Commit();
 }
@@ -194,16 +197,18 @@ std::vector<DocumentItem> VaultStore::Documents(int32_t instance)
 void VaultStore::SetProgressRange(int32_t instance, int32_t lower, int32_t upper, std::string_view text)
 {
     Transaction transaction(database);
-    database.Run("UPDATE instances SET progress_lower = ?, progress_upper = ?, progress_position = ?, progress_text = ? "
-                 "WHERE id = ?",
-                 lower, upper, lower, text, instance);
+    database.Run(
+        "UPDATE instances SET progress_lower = ?, progress_upper = ?, progress_position = ?, progress_text = ? "
+        "WHERE id = ?",
+        lower, upper, lower, text, instance);
     transaction.Commit();
 }
 
 void VaultStore::SetProgressPosition(int32_t instance, int32_t position, std::string_view text)
 {
     Transaction transaction(database);
-    database.Run("UPDATE instances SET progress_position = ?, progress_text = ? WHERE id = ?", position, text, instance);
+    database.Run("UPDATE instances SET progress_position = ?, progress_text = ? WHERE id = ?", position, text,
+                 instance);
     transaction.Commit();
 }
 

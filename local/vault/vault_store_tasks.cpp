@@ -103,8 +103,8 @@ std::vector<NamedValue> VaultStore::TaskVariables(int32_t task)
 
 std::optional<StoredValue> VaultStore::TaskCardVariable(int32_t task, int32_t variable)
 {
-    Statement row =
-        database.Query("SELECT type, value FROM task_card_variables WHERE task = ? AND card_variable = ?", task, variable);
+    Statement row = database.Query("SELECT type, value FROM task_card_variables WHERE task = ? AND card_variable = ?",
+                                   task, variable);
     return row.Next() ? std::optional(ReadValue(row, 0)) : std::nullopt;
 }
 

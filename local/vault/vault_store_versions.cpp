@@ -11,12 +11,11 @@ namespace {
 
 VersionRecord ReadVersion(const Statement& row)
 {
-    return {row.Int(0),  row.Text(1), row.Int64(2),       row.Text(3),
+    return {row.Int(0),  row.Text(1), row.Int64(2),        row.Text(3),
             row.Text(4), row.Text(5), row.OptionalText(6), row.OptionalText(7)};
 }
 
-constexpr char kVersionColumns[] =
-    "SELECT number, content, size, time, comment, user, revision, state FROM versions ";
+constexpr char kVersionColumns[] = "SELECT number, content, size, time, comment, user, revision, state FROM versions ";
 
 std::string HolderText(const CheckOutRecord& checkOut)
 {
@@ -141,9 +140,10 @@ void VaultStore::PutVersion(const FileRecord& file, const ContentInfo& content, 
 
 void VaultStore::PutCheckOut(int32_t file, const FileStamp& localCopy, bool fresh)
 {
-    database.Run("INSERT INTO check_outs (file, user, machine, since, size, modified, fresh) VALUES (?, ?, ?, ?, ?, ?, ?)",
-                 file, std::string_view(options.session.user), std::string_view(options.session.machine),
-                 std::string_view(Now()), localCopy.size, localCopy.modified, int32_t{fresh});
+    database.Run(
+        "INSERT INTO check_outs (file, user, machine, since, size, modified, fresh) VALUES (?, ?, ?, ?, ?, ?, ?)", file,
+        std::string_view(options.session.user), std::string_view(options.session.machine), std::string_view(Now()),
+        localCopy.size, localCopy.modified, int32_t{fresh});
 }
 
 void VaultStore::CheckOut(int32_t id, const FileStamp& localCopy)
@@ -178,10 +178,11 @@ void VaultStore::CarryOver(int32_t file, int32_t from, int32_t to)
     database.Run("INSERT OR IGNORE INTO card_values (file, version, variable, configuration, type, value) "
                  "SELECT file, ?, variable, configuration, type, value FROM card_values WHERE file = ? AND version = ?",
                  to, file, from);
-    database.Run("INSERT INTO file_references (parent, parent_version, source, source_version) "
-                 "SELECT parent, ?, source, source_version FROM file_references WHERE parent = ? AND parent_version = ? "
-                 "AND NOT EXISTS (SELECT 1 FROM file_references WHERE parent = ? AND parent_version = ?)",
-                 to, file, from, file, to);
+    database.Run(
+        "INSERT INTO file_references (parent, parent_version, source, source_version) "
+        "SELECT parent, ?, source, source_version FROM file_references WHERE parent = ? AND parent_version = ? "
+        "AND NOT EXISTS (SELECT 1 FROM file_references WHERE parent = ? AND parent_version = ?)",
+        to, file, from, file, to);
 }
 
 void VaultStore::EndCheckOut(const CheckInPlan& plan, std::string_view comment)
@@ -242,7 +243,8 @@ void VaultStore::RemoveFile(int32_t id)
 
 void VaultStore::Verify()
 {
-    Statement rows = database.Query("SELECT f.id, v.number, v.content, v.size FROM versions v JOIN files f ON f.id = v.file");
+    Statement rows =
+        database.Query("SELECT f.id, v.number, v.content, v.size FROM versions v JOIN files f ON f.id = v.file");
     while (rows.Next()) {
         const std::string content = rows.Text(2);
         const auto place = PathOfContent(content);

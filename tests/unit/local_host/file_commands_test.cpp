@@ -67,7 +67,8 @@ TEST_F(FileCommands, ImportingWhatIsNotThereIsWrongUsageAndNothingIsTaken)
 TEST_F(FileCommands, ADocumentKeepsReferencesToTheFilesThatItNames)
 {
     Write("docs/parts/bracket.tvnprt", "{}");
-    Write("docs/bracket.tvndrw", R"({"sheets":[{"views":[{"model":"parts/bracket.tvnprt"}]}],"note":"see bracket.tvnprt."})");
+    Write("docs/bracket.tvndrw",
+          R"({"sheets":[{"views":[{"model":"parts/bracket.tvnprt"}]}],"note":"see bracket.tvnprt."})");
     Done({"import", TextOf(Folder("docs"))});
     const auto store = Store();
     const auto drawing = store->FindFile({"docs", "bracket.tvndrw"});

@@ -55,7 +55,8 @@ class RunCommands : public HostWorld
         utility.As(unlock);
         unlock->AddSelection(command.vault.get(), MakeRecordArray<VyxSelectionPair>({&pair, 1}).get());
         unlock->UnlockFiles(0, 0);
-        const std::u16string list = u"<sels><sel><path>" + source + u"</path><extra>" + output + u"</extra></sel></sels>";
+        const std::u16string list =
+            u"<sels><sel><path>" + source + u"</path><extra>" + output + u"</extra></sel></sels>";
         command.instance->SetVariable(u"__output_list", Variant::FromText(list).get());
         command.instance->SetProgressPos(2, u"");
         return command.instance->SetStatus(7, 0, nullptr, nullptr, 0);
@@ -242,7 +243,8 @@ TEST_F(RunCommands, AnAddInThatIsNotRegisteredIsAFailureThatSaysSo)
 TEST_F(RunCommands, TheMacroOfAFileIsThatOfItsLatestVersionAndNoInstanceIsMade)
 {
     Done({"import", Write("host/screw.step", "second"), "--to", "\\Parts"});
-    EXPECT_EQ(Done({"macro", "Export STL", "\\Parts\\screw.step"}), "macro for " + Local("screw.step") + " version 2\r\n");
+    EXPECT_EQ(Done({"macro", "Export STL", "\\Parts\\screw.step"}),
+              "macro for " + Local("screw.step") + " version 2\r\n");
     EXPECT_TRUE(Store()->Instances().empty());
     component.offersPreview = false;
     EXPECT_EQ(Run({"macro", "Export STL", "\\Parts\\screw.step"}).code, 1);

@@ -38,7 +38,7 @@ class ScriptedAddIn final : public ComObject<IVyxAddIn5, ITVTaskPreview>
             return E_UNEXPECTED;
         }
         *text = tv::AllocateText(u"macro for " + std::u16string(tv::TextOf(file->path)) + u" version " +
-                             std::u16string(1, static_cast<char16_t>(u'0' + file->version)) + u"\r\n");
+                                 std::u16string(1, static_cast<char16_t>(u'0' + file->version)) + u"\r\n");
         return 0;
     }
 

@@ -18,7 +18,7 @@ TEST(Tables, ColumnsAreAsWideAsTheirWidestCellAndNumbersStandToTheRight)
     EXPECT_EQ(out.str(), "Name        Version  Who\n"
                          "----------  -------  ----\n"
                          "größe.step        1  anna\n"
-                         "a                12  \n");
+                         "a                12\n");
 }
 
 TEST(Tables, SizesAreShort)

@@ -32,7 +32,8 @@ TEST_F(TaskCommands, ANewTaskCarriesTheAddInsTemplateOfItsKind)
 
 TEST_F(TaskCommands, AWrongKindOrATakenNameIsWrongUsage)
 {
-    EXPECT_NE(Run({"task", "new", "x", "--kind", "export"}).err.find("write convert, print or script"), std::string::npos);
+    EXPECT_NE(Run({"task", "new", "x", "--kind", "export"}).err.find("write convert, print or script"),
+              std::string::npos);
     EXPECT_EQ(Run({"task", "new", "export stl", "--kind", "convert"}).code, 2);
     EXPECT_EQ(Run({"task", "new", "x"}).code, 2);
 }

@@ -136,11 +136,13 @@ TEST(TaskVariables, AVariableOfOnesOwnNeedsItsKindOnce)
 
 TEST(TaskVariables, AWrongValueIsNamedWithWhatWouldBeRight)
 {
-    EXPECT_EQ(Refusal("StlQuality=fine"), "'fine' can't be the value of StlQuality; it takes a whole number such as 4.");
+    EXPECT_EQ(Refusal("StlQuality=fine"),
+              "'fine' can't be the value of StlQuality; it takes a whole number such as 4.");
     EXPECT_EQ(Refusal("ReplaceOutput=maybe"), "'maybe' can't be the value of ReplaceOutput; it takes true or false.");
     EXPECT_EQ(Refusal("OutputPath"), "'OutputPath' isn't an assignment; write VARIABLE=VALUE.");
     EXPECT_EQ(Refusal("Mine:number=5"), "'number' is no kind of value; write int, float, text or bool.");
-    EXPECT_NE(Refusal("FileFormat=pfd").find("'pfd' is no output format; there are: Lattice XML, ACIS,"), std::string::npos);
+    EXPECT_NE(Refusal("FileFormat=pfd").find("'pfd' is no output format; there are: Lattice XML, ACIS,"),
+              std::string::npos);
 }
 
 TEST(TaskVariables, AFormatIsFoundByItsLabelItsNameOrAnyOneExtension)
@@ -154,12 +156,28 @@ TEST(TaskVariables, AFormatIsFoundByItsLabelItsNameOrAnyOneExtension)
 
 TEST(TaskVariables, TheFormatsAreThoseOfTheAddInInItsOrder)
 {
-    constexpr std::string_view kExpected[] = {
-        "Lattice XML (*.ltxml)", "ACIS (*.sat)", "Adobe Illustrator (*.ai)", "Adobe PDF (*.pdf)",
-        "Adobe Photoshop (*.psd)", "Norvik Graphics (*.ngr)", "AutoCAD DXF (*.dxf)", "AutoCAD DWG (*.dwg)",
-        "Zephrin (*.zprt; *.zasm; *.zdrw)", "HCG-File (*.hcg)", "HOOPS HSF (*.hsf)", "IGES (*.igs)", "JPEG (*.jpg)",
-        "Microsoft XAML (*.xaml)", "Parasolid (*.x_t)", "Parasolid Binary (*.x_b)", "STEP (*.step)", "STL (*.stl)",
-        "TIF (*.tif)", "Universal 3D (*.u3d)", "VDAFS (*.vda)", "VRML (*.wrl)"};
+    constexpr std::string_view kExpected[] = {"Lattice XML (*.ltxml)",
+                                              "ACIS (*.sat)",
+                                              "Adobe Illustrator (*.ai)",
+                                              "Adobe PDF (*.pdf)",
+                                              "Adobe Photoshop (*.psd)",
+                                              "Norvik Graphics (*.ngr)",
+                                              "AutoCAD DXF (*.dxf)",
+                                              "AutoCAD DWG (*.dwg)",
+                                              "Zephrin (*.zprt; *.zasm; *.zdrw)",
+                                              "HCG-File (*.hcg)",
+                                              "HOOPS HSF (*.hsf)",
+                                              "IGES (*.igs)",
+                                              "JPEG (*.jpg)",
+                                              "Microsoft XAML (*.xaml)",
+                                              "Parasolid (*.x_t)",
+                                              "Parasolid Binary (*.x_b)",
+                                              "STEP (*.step)",
+                                              "STL (*.stl)",
+                                              "TIF (*.tif)",
+                                              "Universal 3D (*.u3d)",
+                                              "VDAFS (*.vda)",
+                                              "VRML (*.wrl)"};
     ASSERT_EQ(OutputFormats().size(), std::size(kExpected));
     for (size_t i = 0; i < std::size(kExpected); ++i) {
         EXPECT_EQ(OutputFormats()[i], kExpected[i]);

@@ -118,8 +118,8 @@ TEST(VaultPaths, BothSlashesAndDotsAreUnderstood)
 
 TEST(VaultPaths, NamesThatWindowsWouldNotTakeAreRefused)
 {
-    for (const char* name : {"", "a:b", "a*b", "a?b", "a\"b", "a<b", "a>b", "a|b", "a\tb", "dot.", "blank ", ".quellor",
-                             ".QUELLOR"}) {
+    for (const char* name :
+         {"", "a:b", "a*b", "a?b", "a\"b", "a<b", "a>b", "a|b", "a\tb", "dot.", "blank ", ".quellor", ".QUELLOR"}) {
         EXPECT_EQ(CodeOf([&] { CheckName(name); }), kErrorInvalidName) << name;
     }
     EXPECT_EQ(CodeOf([] { CheckName("Größe 1 (Ω).step"); }), 0);
@@ -144,8 +144,9 @@ TEST(VaultPaths, TheExtensionIsWhatFollowsTheLastDot)
 
 TEST(StoredValues, EachKindComesBackAsItWas)
 {
-    for (const Variant& value : {Variant::FromInt(-7), Variant::FromFloat(2.5f), Variant::FromDouble(1e300),
-                                 Variant::FromDate(45000.5), Variant::FromBool(true), Variant::FromText(u"Ω"), Variant()}) {
+    for (const Variant& value :
+         {Variant::FromInt(-7), Variant::FromFloat(2.5f), Variant::FromDouble(1e300), Variant::FromDate(45000.5),
+          Variant::FromBool(true), Variant::FromText(u"Ω"), Variant()}) {
         const Variant back = StoredValue::FromVariant(*value.get()).ToVariant();
         EXPECT_EQ(back.Type(), value.Type());
         EXPECT_EQ(StoredValue::FromVariant(*back.get()), StoredValue::FromVariant(*value.get()));

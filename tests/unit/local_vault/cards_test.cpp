@@ -112,8 +112,14 @@ TEST_F(Cards, ANewVersionTakesOverReferencesUnlessItGotItsOwn)
 
 TEST_F(Cards, AReferenceToAFileThatIsNotThereIsRefused)
 {
-    EXPECT_EQ(CodeOf([&] { store->AddReferences(file.id, std::vector<ReferenceRecord>{{99, 1}}); }), kErrorFileNotFound);
-    EXPECT_EQ(CodeOf([&] { store->AddReferences(99, std::vector<ReferenceRecord>{{file.id, 1}}); }), kErrorFileNotFound);
+    EXPECT_EQ(CodeOf([&] {
+                  store->AddReferences(file.id, std::vector<ReferenceRecord>{{99, 1}});
+              }),
+              kErrorFileNotFound);
+    EXPECT_EQ(CodeOf([&] {
+                  store->AddReferences(99, std::vector<ReferenceRecord>{{file.id, 1}});
+              }),
+              kErrorFileNotFound);
 }
 
 } // namespace

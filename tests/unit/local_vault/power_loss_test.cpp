@@ -1,4 +1,5 @@
-// The power may fail before any write. Whatever was reported done must be there afterwards, and nothing may be half there.
+// The power may fail before any write. Whatever was reported done must be there afterwards, and nothing may be half
+// there.
 #include "disk_world.h"
 
 #include "vault/error_table.h"
@@ -101,16 +102,18 @@ TEST_F(PowerLoss, BetweenAnyTwoWritesLosesNothingThatWasReportedDone)
     {
         // The disk as it stands before each write is what a power loss at that moment leaves.
         const auto store = VaultStore::Open(Root(), OptionsWith([&](std::string_view step) {
-            const fs::path copy = Folder("snapshot " + std::to_string(snapshots.size()));
-            CopyDisk(Root(), copy);
-            snapshots.push_back({copy, std::string(step), promised});
-        }));
+                                                const fs::path copy =
+                                                    Folder("snapshot " + std::to_string(snapshots.size()));
+                                                CopyDisk(Root(), copy);
+                                                snapshots.push_back({copy, std::string(step), promised});
+                                            }));
         LiveThrough(*store, promised);
     }
     EXPECT_GT(snapshots.size(), 40u);
     for (size_t i = 0; i < snapshots.size(); ++i) {
         const auto store = VaultStore::Open(snapshots[i].folder, OptionsOf(kAnna));
-        ExpectPromisesKept(*store, snapshots[i].promised, "before step " + std::to_string(i) + ": " + snapshots[i].step);
+        ExpectPromisesKept(*store, snapshots[i].promised,
+                           "before step " + std::to_string(i) + ": " + snapshots[i].step);
     }
 }
 
@@ -134,12 +137,12 @@ TEST_F(PowerLoss, AFailedWriteIsReportedAndTheVaultWorksOn)
         bool failing = true;
         std::string where;
         const auto store = VaultStore::Open(Root(), OptionsWith([&](std::string_view name) {
-            if (failing && step++ == n) {
-                fired = true;
-                where = "at step " + std::to_string(n) + ": " + std::string(name);
-                Fail(kErrorIo, "The write failed.");
-            }
-        }));
+                                                if (failing && step++ == n) {
+                                                    fired = true;
+                                                    where = "at step " + std::to_string(n) + ": " + std::string(name);
+                                                    Fail(kErrorIo, "The write failed.");
+                                                }
+                                            }));
         const Result code = CodeOf([&] { LiveThrough(*store, promised); });
         failing = false;
         EXPECT_TRUE(code == kErrorIo || code == 0) << where;
@@ -155,10 +158,10 @@ TEST_F(PowerLoss, WhileAVaultIsBeingMadeLeavesAFolderThatCanStillBecomeOne)
         int step = 0;
         return CodeOf([&] {
             VaultStore::Create(Root(), "Bench", OptionsWith([&, n](std::string_view) {
-                if (++step == n) {
-                    Fail(kErrorIo, "The power failed.");
-                }
-            }));
+                                   if (++step == n) {
+                                       Fail(kErrorIo, "The power failed.");
+                                   }
+                               }));
         });
     };
     for (int n = 1;; ++n, ++steps) {

@@ -11,8 +11,8 @@ class TaskObjects : public DiskWorld
 {
   protected:
     std::shared_ptr<VaultStore> store = Make();
-    TaskRecord task = store->MakeTask("Export", std::vector<NamedValue>{{"Text", StoredValue::FromText("Ω")},
-                                                                          {"Number", StoredValue::FromInt(5)}});
+    TaskRecord task = store->MakeTask(
+        "Export", std::vector<NamedValue>{{"Text", StoredValue::FromText("Ω")}, {"Number", StoredValue::FromInt(5)}});
     int32_t id = store->MakeInstance(task.id).id;
     std::vector<InstanceRecord> told;
     ComPtr<IVyxTaskInstance> instance =
@@ -146,7 +146,8 @@ TEST_F(TaskObjects, APreviewSeesTheDefinitionAndLeavesNothingBehind)
 
 TEST_F(TaskObjects, TheCommandDataKeepsEveryField)
 {
-    const std::vector<SelectionItem> selection{{7, 3, "C:\\V\\Größe.step", "Long", 1, 2}, {0, 4, "C:\\V\\Parts", "", 2, 0}};
+    const std::vector<SelectionItem> selection{{7, 3, "C:\\V\\Größe.step", "Long", 1, 2},
+                                               {0, 4, "C:\\V\\Parts", "", 2, 0}};
     EXPECT_EQ(ReadCommandData(MakeCommandData(selection).get()), selection);
     EXPECT_TRUE(ReadCommandData(nullptr).empty());
 }

@@ -12,8 +12,8 @@ class Tasks : public DiskWorld
 {
   protected:
     std::shared_ptr<VaultStore> store = Make();
-    TaskRecord task = store->MakeTask(
-        "Export STL", std::vector<NamedValue>{{"OutputPath", StoredValue::FromText("a")}, {"__type", StoredValue::FromInt(1)}});
+    TaskRecord task = store->MakeTask("Export STL", std::vector<NamedValue>{{"OutputPath", StoredValue::FromText("a")},
+                                                                            {"__type", StoredValue::FromInt(1)}});
 };
 
 TEST_F(Tasks, ATaskIsFoundByItsNameWhateverTheCase)
@@ -32,7 +32,8 @@ TEST_F(Tasks, AVariableNameRespectsCase)
 
 TEST_F(Tasks, TheSameNameHasTheSameNumberInEveryTask)
 {
-    const TaskRecord other = store->MakeTask("Other", std::vector<NamedValue>{{"OutputPath", StoredValue::FromText("b")}});
+    const TaskRecord other =
+        store->MakeTask("Other", std::vector<NamedValue>{{"OutputPath", StoredValue::FromText("b")}});
     const auto number = store->VariableIdentifier("OutputPath");
     ASSERT_TRUE(number);
     EXPECT_EQ(store->VariableName(*number), "OutputPath");
@@ -129,9 +130,9 @@ struct ExpectedWord
 TEST(TaskStatusWords, EachStatusHasItsWord)
 {
     constexpr ExpectedWord kExpected[] = {
-        {0, "launching"}, {1, "waiting"},   {3, "running"}, {5, "suspended"},          {6, "cancel requested"},
-        {7, "finished"},  {8, "cancelled"}, {9, "failed"},  {10, "suspend requested"}, {11, "resume requested"},
-        {42, "unknown"},
+        {0, "launching"},          {1, "waiting"},           {3, "running"},   {5, "suspended"},
+        {6, "cancel requested"},   {7, "finished"},          {8, "cancelled"}, {9, "failed"},
+        {10, "suspend requested"}, {11, "resume requested"}, {42, "unknown"},
     };
     for (const ExpectedWord& expected : kExpected) {
         EXPECT_EQ(StatusWord(expected.status), expected.word);

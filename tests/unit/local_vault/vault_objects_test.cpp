@@ -21,8 +21,7 @@ class VaultObjects : public DiskWorld
     static std::u16string Wide(const fs::path& path) { return Utf16(TextOf(path)); }
     fs::path ScrewPath() const { return Root() / "Parts" / "screw.step"; }
 
-    template <typename Utility>
-    ComPtr<Utility> Make(int32_t number)
+    template <typename Utility> ComPtr<Utility> Make(int32_t number)
     {
         ComPtr<IUnknown> unknown;
         EXPECT_EQ(vault->CreateUtility(number, unknown.put()), 0);
@@ -286,7 +285,8 @@ TEST_F(VaultObjects, CardsAreWrittenInABatchAndReadByVersion)
     SafeArray variables;
     SafeArray values;
     VyxVersionInfo info{};
-    ASSERT_EQ(reader->GetVersionVariables(Variant::FromInt(0).get(), screw.folder, variables.put(), values.put(), &info), 0);
+    ASSERT_EQ(
+        reader->GetVersionVariables(Variant::FromInt(0).get(), screw.folder, variables.put(), values.put(), &info), 0);
     const BStr revision = info.revision;
     EXPECT_EQ(info.currentVersion, 1);
     EXPECT_EQ(revision, nullptr);
@@ -301,8 +301,9 @@ TEST_F(VaultObjects, CardsAreWrittenInABatchAndReadByVersion)
     EXPECT_EQ(value->GetValue(u"", text.put()), 0);
     EXPECT_EQ(text.ToText(), u"A-1");
     EXPECT_EQ(value->GetValue(u"Long", text.put()), 1);
-    EXPECT_EQ(reader->GetVersionVariables(Variant::FromInt(9).get(), screw.folder, variables.put(), values.put(), &info),
-              kErrorFileNotFound);
+    EXPECT_EQ(
+        reader->GetVersionVariables(Variant::FromInt(9).get(), screw.folder, variables.put(), values.put(), &info),
+        kErrorFileNotFound);
 }
 
 TEST_F(VaultObjects, CardVariablesAreEnumeratedThroughTheVault)
