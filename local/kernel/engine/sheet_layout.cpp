@@ -75,7 +75,7 @@ Page NewPage(const std::string& name, double width, double height)
 void DrawHeaderAndFooter(Page& page, const TitleBlock& title)
 {
     page.texts.push_back({title.title, {page.width / 2, page.height - 7}, 2.5, Align::Centre});
-    page.texts.push_back({std::to_string(title.page) + " / " + std::to_string(title.pages), {page.width / 2, 4}, 2.5,
+    page.texts.push_back({std::to_string(title.page) + "/" + std::to_string(title.pages), {page.width / 2, 4}, 2.5,
                           Align::Centre});
 }
 
