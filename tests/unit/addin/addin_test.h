@@ -56,6 +56,7 @@ class AddInTest : public testing::Test
         task->variables.SetInt(u"__tv_version", 2013);
         task->variables.SetText(u"__script", u"Convert <Filepath>");
         task->variables.SetText(u"ErrorLogPath", u"\\Logs");
+        vault.AddFolder(u"C:\\Vault\\Logs");
         cad.prepare = [this](fakes::FakeApplication& application, int) {
             application.onMacro = [this](fakes::FakeApplication& running, const std::u16string& path) {
                 macros.push_back(machine.files.Content(path).value_or(""));

@@ -256,10 +256,9 @@ TEST_F(MacroRunnerTest, AsManyBytesAreWrittenAsTheTextHasUnits)
 TEST_F(MacroRunnerTest, AFileThatHasTheNewNameIsDeleted)
 {
     ConfigureAndStart(1);
-    Run();
-    machine.files.AddFile(lastPath, "old");
-    const std::u16string first = lastPath;
+    machine.files.AddFile(u"C:\\Temp\\TFR0001.tvb", "old");
     EXPECT_EQ(Run(u"new"), 0);
+    EXPECT_EQ(lastPath, u"C:\\Temp\\TFR0001.tvb");
     EXPECT_EQ(lastText, "new");
 }
 
@@ -275,7 +274,7 @@ TEST_F(MacroRunnerTest, ATemporaryFileThatCannotBeMadeIsRaisedWithoutAText)
 TEST_F(MacroRunnerTest, AFailedWriteIsRaisedWithoutAText)
 {
     ConfigureAndStart(1);
-    machine.log.FailNth("file.Write", 1, fakes::Failure::Once, 112);
+    machine.log.FailNth("files.Write", 1, fakes::Failure::Once, 112);
     EXPECT_EQ(Run(), Code(0x80070070));
     EXPECT_EQ(manager.LastError(), u"");
     EXPECT_TRUE(machine.files.Files().empty());

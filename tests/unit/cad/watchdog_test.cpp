@@ -17,22 +17,26 @@ class WatchdogTest : public testing::Test
   protected:
     WatchdogTest() { SchedulerDialogSeen() = false; }
 
-    /// Messages that one scan posts to a window with that title.
+    /// Messages that one scan posts to a window with that title, without the window, which all of them must go to.
     std::vector<PostedMessage> AnswerTo(const std::u16string& title, const std::u16string& parentTitle = {})
     {
         fakes::FakePlatform desk;
         const WindowHandle parent = parentTitle.empty() ? 0 : desk.desktop.AddWindow(1, parentTitle);
-        window = desk.desktop.AddWindow(kProcess, title, parent);
+        const WindowHandle window = desk.desktop.AddWindow(kProcess, title, parent);
         Watchdog guard(desk.platform, process, [] {});
         const std::unique_ptr<StopEvent> stop = desk.threads.MakeStopEvent();
         desk.clock.After(1000, [&] { stop->Signal(); });
         guard.ScanWindows(*stop);
-        return desk.desktop.Posted();
+        std::vector<PostedMessage> posted = desk.desktop.Posted();
+        for (PostedMessage& message : posted) {
+            EXPECT_EQ(message.window, window);
+            message.window = 0;
+        }
+        return posted;
     }
-    std::vector<PostedMessage> Key(uint32_t key) const { return {{window, 256, key, 0}, {window, 257, key, 0}}; }
+    static std::vector<PostedMessage> Key(uint32_t key) { return {{0, 256, key, 0}, {0, 257, key, 0}}; }
 
     std::atomic<uint32_t> process{kProcess};
-    WindowHandle window = 0;
     fakes::FakePlatform machine;
     int lateStops = 0;
     Watchdog watchdog{machine.platform, process, [this] { ++lateStops; }};
@@ -96,8 +100,8 @@ TEST_F(WatchdogTest, TheErrorBoxOfTheMacroLanguageGetsReturn)
 
 TEST_F(WatchdogTest, TheEditorInBreakModeIsClosed)
 {
-    EXPECT_EQ(AnswerTo(u"Microsoft Visual Basic [break] - TVMacro1"), (std::vector<PostedMessage>{{window, 16, 0, 0}}));
-    EXPECT_EQ(AnswerTo(u"Microsoft Visual Basic [break]"), (std::vector<PostedMessage>{{window, 16, 0, 0}}));
+    EXPECT_EQ(AnswerTo(u"Microsoft Visual Basic [break] - TVMacro1"), (std::vector<PostedMessage>{{0, 16, 0, 0}}));
+    EXPECT_EQ(AnswerTo(u"Microsoft Visual Basic [break]"), (std::vector<PostedMessage>{{0, 16, 0, 0}}));
 }
 
 TEST_F(WatchdogTest, TheEditorWithAnyOtherTitleGetsNothing)
