@@ -62,6 +62,14 @@ std::u16string LayOut(const std::u16string& layout, const Arguments& a, size_t c
     bool open = false;
     for (char16_t item : layout) {
         open = item != u'v';
+        auto places = [&] {
+            int32_t count = a[next++].ToLong();
+            constexpr int32_t kWidest = 32767;
+            if (count > kWidest) {
+                Raise(kInvalidCall);
+            }
+            return count;
+        };
         switch (item) {
         case u'v': {
             std::u16string text = PrintedText(a.All()[next++]);
@@ -74,10 +82,10 @@ std::u16string LayOut(const std::u16string& layout, const Arguments& a, size_t c
             moveTo((column / kZone + 1) * kZone);
             break;
         case u's':
-            moveTo(column + static_cast<size_t>(std::max(0, a[next++].ToLong())));
+            moveTo(column + static_cast<size_t>(std::max(0, places())));
             break;
         case u't':
-            moveTo(static_cast<size_t>(std::max(1, a[next++].ToLong())) - 1);
+            moveTo(static_cast<size_t>(std::max(1, places())) - 1);
             break;
         default:
             break;

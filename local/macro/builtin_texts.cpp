@@ -161,6 +161,7 @@ Value Replace(Runtime& runtime, const Arguments& a)
             break;
         }
         result.append(text, at, found - at).append(with);
+        MemoryBudget::Check(result.size() * sizeof(char16_t));
         at = found + wanted.size();
         if ((done & 0xFFF) == 0xFFF) {
             runtime.checkpoint();
@@ -202,6 +203,7 @@ Value Join(Runtime&, const Arguments& a)
     for (size_t i = 0; i < array->items.size(); ++i) {
         result += i == 0 ? std::u16string() : delimiter;
         result += array->items[i].ToText();
+        MemoryBudget::Check(result.size() * sizeof(char16_t));
     }
     return Value(std::move(result));
 }
@@ -254,8 +256,7 @@ Value AscW(Runtime&, const Arguments& a) { return Value(static_cast<int16_t>(Fir
 
 std::u16string Repeated(size_t count, char16_t unit)
 {
-    MemoryBudget::Charge(count * sizeof(char16_t));
-    MemoryBudget::Credit(count * sizeof(char16_t));
+    MemoryBudget::Check(count * sizeof(char16_t));
     return std::u16string(count, unit);
 }
 

@@ -404,6 +404,11 @@ void Compiler::EmitBody(const WithStatement& statement)
     scope->withs.push_back(with);
     EmitBlock(statement.block);
     scope->withs.pop_back();
+    // What the block held is free again, so that its array can change its size.
+    BeginStatement(statement.subject->at);
+    Emit(Op::Push, AddConstant(Value()));
+    Emit(Op::StoreLocal, with.subject.slot, 0, kRaw);
+    FinishStatement();
 }
 
 void Compiler::EmitBody(const LabelStatement& statement)

@@ -104,8 +104,7 @@ private:
         }
         char bytes[4096];
         for (size_t count = file->Read(bytes); count > 0; count = file->Read(bytes)) {
-            MemoryBudget::Charge(count);
-            MemoryBudget::Credit(count);
+            MemoryBudget::Check(content.size() + count);
             content.append(bytes, count);
         }
     }

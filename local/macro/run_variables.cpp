@@ -35,12 +35,12 @@ Value& Runner::Slot(Place place, int32_t slot)
 
 void Runner::StoreInto(Value& target, Value value, uint8_t flags)
 {
-    if (value.IsReference()) {
-        value = Value(value.Resolved());
-    }
     if (flags == kRaw) {
         target = std::move(value);
         return;
+    }
+    if (value.IsReference()) {
+        value = Value(value.Resolved());
     }
     Type declared = static_cast<Type>(flags);
     if (declared == Type::Variant || (value.Kind() == declared && declared < Type::Record && declared != Type::Object)) {
@@ -338,6 +338,7 @@ void Runner::Binary(const Instruction& instruction)
         const std::u16string& first = left.Text();
         const std::u16string& second = right.Text();
         std::u16string joined;
+        MemoryBudget::Check((first.size() + second.size()) * sizeof(char16_t));
         joined.reserve(first.size() + second.size());
         joined.append(first).append(second);
         Drop(1);

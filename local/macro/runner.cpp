@@ -4,6 +4,8 @@
 #include "macro/convert.h"
 #include "macro/text.h"
 
+#include <stdexcept>
+
 namespace tv::macro {
 
 namespace {
@@ -59,7 +61,7 @@ RunResult Runner::Run(int32_t procedure, std::vector<Value> arguments)
             } else if (parameter.isParamArray) {
                 Push(Value(Array::FromValues({})));
             } else if (parameter.isOptional) {
-                Push(parameter.defaultValue);
+                Push(OwnCopies({parameter.defaultValue}).front());
             } else {
                 Raise(kArgumentNotOptional);
             }
@@ -81,6 +83,11 @@ RunResult Runner::Run(int32_t procedure, std::vector<Value> arguments)
                 return Failure(error);
             }
         } catch (const std::bad_alloc&) {
+            MacroError error(kOutOfMemory);
+            if (!Handle(error)) {
+                return Failure(error);
+            }
+        } catch (const std::length_error&) {
             MacroError error(kOutOfMemory);
             if (!Handle(error)) {
                 return Failure(error);

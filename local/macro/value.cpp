@@ -55,11 +55,16 @@ void RefCounted::Destroy(const RefCounted* object)
 MemoryBudget::MemoryBudget(uint64_t bytes) : previousLimit(byteLimit) { byteLimit = liveBytes + bytes; }
 MemoryBudget::~MemoryBudget() { byteLimit = previousLimit; }
 
-void MemoryBudget::Charge(size_t bytes)
+void MemoryBudget::Check(uint64_t bytes)
 {
-    if (liveBytes + bytes > byteLimit) {
+    if (bytes > byteLimit || liveBytes > byteLimit - bytes) {
         Raise(kOutOfMemory);
     }
+}
+
+void MemoryBudget::Charge(size_t bytes)
+{
+    Check(bytes);
     liveBytes += bytes;
 }
 

@@ -281,6 +281,8 @@ public:
     ~MemoryBudget();
 
     static void Charge(size_t bytes);
+    /// Error 7 when so many bytes more would go beyond the limit.
+    static void Check(uint64_t bytes);
     static void Credit(size_t bytes);
 
 private:

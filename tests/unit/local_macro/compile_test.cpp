@@ -64,7 +64,7 @@ TEST(Compiling, WhatIsNotCoveredIsRefusedByName)
     EXPECT_EQ(Problem1("Sub main()\nOn x GoTo a, b\nEnd Sub"),
               "2:4 On ... GoTo with a list of labels is not supported by this macro language");
     EXPECT_EQ(Problem1("Sub main()\nOpen \"a\" For Random As #1\nEnd Sub"),
-              "2:27 Open For Random is not supported by this macro language");
+              "2:26 Open For Random is not supported by this macro language");
     EXPECT_EQ(Problem1("Sub main()\nDim x As New Thing.Other\nEnd Sub"), "");
 }
 

@@ -394,9 +394,9 @@ TEST(ConvertTemplate, ASecondOutputIsSavedBesideEach)
 {
     World world;
     world.cad.documents[u"C:\\V\\p.tvnprt"] = {};
-    world.Run("C:\\V\\p.tvnprt", {{"[OutputPath2]", "D:\\<Foo>\\<Filename>.<Extension>"}});
+    world.Run("C:\\V\\p.tvnprt", {{"[OutputPath2]", "C:\\<Foo>\\<Filename>.<Extension>"}});
     EXPECT_EQ(world.CallsOf("SaveAs"), "SaveAs C:\\Out\\p_Default.stl, 0, 1, Nothing, 0, 0\n"
-                                       "SaveAs D:\\Foo\\p.tvnprt.stl, 0, 1, Nothing, 0, 0\n");
+                                       "SaveAs C:\\Foo\\p.tvnprt.stl, 0, 1, Nothing, 0, 0\n");
 }
 
 TEST(ConvertTemplate, VirtualComponentsFollowDepthFirst)

@@ -127,7 +127,7 @@ TEST(Values, TheSubtypesHaveTheirNames)
 {
     EXPECT_EQ(Eval("TypeName(Null) & TypeName(Empty) & TypeName(Nothing) & TypeName(Array(1)) & TypeName(#1/2/2020#)"),
               "NullEmptyNothingVariant()Date");
-    EXPECT_EQ(Eval("VarType(\"\") & VarType(Array()) & VarType(1.5)"), "881925");
+    EXPECT_EQ(Eval("VarType(\"\") & VarType(Array()) & VarType(1.5)"), "882045");
 }
 
 TEST(Arguments, AreByReferenceByDefault)

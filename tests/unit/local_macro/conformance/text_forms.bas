@@ -4,7 +4,7 @@
 '> 65 A 937 
 '> Hello World
 '> FF 377 FFFF
-'>  5 -5 
+'>  5-5 
 '>  12.5  255  0 
 Sub main()
     Debug.Print "[" & RTrim("  a ") & "][" & LTrim(" a  ") & "][" & Trim(" a ") & "]"
