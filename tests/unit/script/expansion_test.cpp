@@ -156,7 +156,7 @@ TEST_F(Expansion, ANumberOrATruthValueEntersAsALiteral)
 
 TEST_F(Expansion, AnyOtherStatusOfTheLookupIsRaised)
 {
-    for (const Result status : {E_FAIL, Result{2}}) {
+    for (const Result status : {Result{E_FAIL}, Result{2}}) {
         try {
             ExpandVariables(
                 u"[a]", u'[', u']', [&](const std::u16string&, Variant&) { return status; }, machine.module);
