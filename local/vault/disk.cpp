@@ -59,8 +59,8 @@ class RawFile
     RawFile(const fs::path& name, bool writing) : path(name)
     {
         handle = CreateFileW(name.c_str(), writing ? GENERIC_WRITE : GENERIC_READ,
-                             writing ? 0 : FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
-                             writing ? CREATE_ALWAYS : OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+                             writing ? FILE_SHARE_READ : FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                             nullptr, writing ? CREATE_ALWAYS : OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
         if (handle == INVALID_HANDLE_VALUE) {
             FailOn(writing ? "Writing" : "Reading", path, ErrnoOfSystem());
         }
