@@ -119,7 +119,9 @@ Value Round(Runtime&, const Arguments& a)
     }
     double scale = std::pow(10.0, digits);
     double scaled = number.ToDouble() * scale;
-    double rounded = std::isinf(scaled) ? number.ToDouble() : RoundHalfEven(scaled) / scale;
+    // Seen on 15 digits, so that 2.345 lies halfway although no binary number does.
+    scaled = ParseNumber(NumberText(scaled)).value_or(scaled);
+    double rounded = std::isfinite(scaled) ? RoundHalfEven(scaled) / scale : number.ToDouble();
     return CoerceTo(number.Kind() == Type::Date ? Type::Double : number.Kind(), Value(rounded));
 }
 

@@ -62,9 +62,11 @@ Block Parser::ParseBlock(std::initializer_list<std::u16string_view> closers)
             return block;
         }
         block.push_back(ParseStatement());
-        if (pendingNext == 0) {
-            ExpectEndOfStatement();
+        if (pendingNext > 0) {
+            // `Next j, i` has closed this block as well; the end of its line is the outer statement's.
+            return block;
         }
+        ExpectEndOfStatement();
     }
 }
 

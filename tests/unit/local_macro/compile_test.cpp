@@ -86,7 +86,7 @@ TEST(Compiling, AnUnknownTypeIsNamed)
 
 TEST(Compiling, SeveralProblemsAreTold)
 {
-    ScriptResult result = RunModule("Sub main()\nFirst 1\nSecond 2\nEnd Sub");
+    ScriptResult result = RunModule("Sub main()\nFirst 1\nAnother 2\nEnd Sub");
     EXPECT_EQ(result.problems.size(), 2U);
 }
 

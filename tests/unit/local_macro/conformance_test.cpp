@@ -57,6 +57,6 @@ TEST_P(Conformance, Behaves)
 }
 
 INSTANTIATE_TEST_SUITE_P(Files, Conformance, testing::ValuesIn(ConformanceFiles()),
-                         [](const auto& info) { return info.param; });
+                         [](const auto& file) { return file.param; });
 
 } // namespace tv::macro
