@@ -127,6 +127,7 @@ class CommandLine
         launch->add_option("PATH", paths, "Files and folders of the vault")->required();
         launch->add_option("--set", assignments, "VARIABLE=VALUE for this launch only; may be given several times")
             ->expected(1)
+            ->allow_extra_args(false)
             ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
 
         auto* run = Command("run", "Carry out launched tasks", [this] { return RunCommand(context, ids, all); });
