@@ -4,6 +4,7 @@
 #include "com/com_ptr.h"
 
 #include <atomic>
+#include <cstring>
 #include <type_traits>
 
 namespace tv {
@@ -30,13 +31,16 @@ class ComObject : public First, public Others...
             return E_POINTER;
         }
         *object = nullptr;
-        if (id == kInterfaceId<IUnknown>) {
+        // The system's own calls hand over ids that stand where a GUID isn't aligned.
+        GUID wanted;
+        std::memcpy(&wanted, &id, sizeof wanted);
+        if (wanted == kInterfaceId<IUnknown>) {
             *object = static_cast<IUnknown*>(static_cast<First*>(this));
-        } else if (!Offer<First>(id, object)) {
-            (void)(Offer<Others>(id, object) || ...);
+        } else if (!Offer<First>(wanted, object)) {
+            (void)(Offer<Others>(wanted, object) || ...);
         }
         if (*object == nullptr) {
-            *object = FindInterface(id);
+            *object = FindInterface(wanted);
         }
         if (*object == nullptr) {
             return E_NOINTERFACE;
