@@ -100,7 +100,7 @@ class TorvaneTest : public testing::Test
             ComPtr<IUnknown> object;
             ASSERT_GE(GetRunningObjectTable(0, table.put()), 0);
             ASSERT_GE(CreateItemMoniker(L"", name.c_str(), moniker.put()), 0);
-            if (table->GetObject(moniker.get(), object.put()) == S_OK) {
+            if (table->GetObjectW(moniker.get(), object.put()) == S_OK) {
                 ASSERT_GE(object.As(application), 0);
             } else {
                 Sleep(50);
