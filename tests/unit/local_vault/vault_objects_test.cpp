@@ -301,8 +301,10 @@ TEST_F(VaultObjects, CardsAreWrittenInABatchAndReadByVersion)
     EXPECT_EQ(value->GetValue(u"", text.put()), 0);
     EXPECT_EQ(text.ToText(), u"A-1");
     EXPECT_EQ(value->GetValue(u"Long", text.put()), 1);
+    SafeArray noVariables;
+    SafeArray noValues;
     EXPECT_EQ(
-        reader->GetVersionVariables(Variant::FromInt(9).get(), screw.folder, variables.put(), values.put(), &info),
+        reader->GetVersionVariables(Variant::FromInt(9).get(), screw.folder, noVariables.put(), noValues.put(), &info),
         kErrorFileNotFound);
 }
 
