@@ -67,6 +67,13 @@ task launch "Publish" --set FileFormat=PDF "${models[@]}" '\samples\bracket.tvnd
 code=0
 task run --all || code=$?
 
+say "One file once more: a new version where that is asked for, a new file where replacing is"
+task launch "Export STL" '\Parts\screw.step' >/dev/null
+task launch "Publish" '\Parts\screw.step' >/dev/null
+task run --all || code=$?
+task history '\STL\screw_Default.stl'
+task history '\Published\screw_step_Default.step'
+
 say "How the tasks ended"
 task status
 
