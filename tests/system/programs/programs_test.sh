@@ -70,14 +70,34 @@ convert() {
     tv run "$id"
 }
 
+# Processes of this Wine prefix, or started from it, whose command line holds the text.
+processes_of() {
+    local process
+    for process in /proc/[0-9]*; do
+        if grep -qsaF "$1" "$process/cmdline" && grep -qsazxF "WINEPREFIX=$WINEPREFIX" "$process/environ"; then
+            tr '\0' ' ' <"$process/cmdline"
+            echo
+        fi
+    done 2>/dev/null
+}
+
 nothing_is_left() {
-    local left
-    left=$("$TV_WINE" tasklist </dev/null 2>/dev/null | tr -d '\r' | grep -i '^TORVANE' || true)
-    is "the list of applications left" "$left" ""
-    if [[ -n ${TVKERNEL:-} ]]; then
-        is "the list of kernels left" "$(pgrep -f "^$TVKERNEL --connect" || true)" ""
-    fi
+    is "the list of applications left" "$(processes_of TORVANE.EXE)" ""
+    is "the list of kernels left" "$(processes_of tvkernel)" ""
     is "the list of files checked out" "$(tv ls -r --json | json checkedOutBy | grep -v '^null$' || true)" ""
+}
+
+TheApplicationOfARunIsSeenWhileItRuns() {
+    make_vault
+    local id seen=""
+    id=$(tv launch Export '\Parts\screw.step')
+    tv run "$id" >/dev/null &
+    while [[ -z $seen && -n $(jobs -r) ]]; do
+        seen=$(processes_of TORVANE.EXE)
+    done
+    wait
+    holds "the list of applications" "$seen" 'TORVANE.EXE'
+    nothing_is_left
 }
 
 ARealFileIsConvertedAndItsOutputsAreCheckedIn() {
