@@ -1,8 +1,8 @@
 # Sourced by ./run: the Debian packages that the project needs, by purpose, and their installation.
 
 build_packages=(
-    ca-certificates cmake dpkg-dev fonts-dejavu-core g++ googletest libcairo2-dev libcli11-dev libjpeg-dev libocct-data-exchange-dev
-    libsqlite3-dev libtbb-dev libtiff-dev make ninja-build nlohmann-json3-dev pkg-config tcl
+    ca-certificates cmake dpkg-dev fonts-dejavu-core g++ googletest libcairo2-dev libcli11-dev libjpeg-dev
+    libocct-data-exchange-dev libsqlite3-dev libtbb-dev libtiff-dev make ninja-build nlohmann-json3-dev pkg-config tcl
 )
 windows_packages=(g++-mingw-w64-x86-64-posix mingw-w64-tools wine64)
 samples_packages=(gmsh-doc occt-misc)
