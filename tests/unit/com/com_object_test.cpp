@@ -1,6 +1,7 @@
 #include "com/com_object.h"
 #include "system_under_test.h"
 
+#include <cstring>
 #include <thread>
 
 struct IFirst : IUnknown
@@ -66,6 +67,23 @@ TEST(ComObject, AnswersForEachOfItsInterfaces)
     ASSERT_EQ(second.As(back), 0);
     EXPECT_EQ(back.get(), first.get());
     EXPECT_EQ(back->First(), 1);
+}
+
+/// Asks by an id that stands at an odd address, as the system's proxies do when they unpack a call.
+__attribute__((no_sanitize("alignment"))) tv::Result AskByUnalignedId(IUnknown* object, void** found)
+{
+    alignas(GUID) static char bytes[sizeof(GUID) + 1];
+    std::memcpy(bytes + 1, &tv::kInterfaceId<ISecond>, sizeof(GUID));
+    return object->QueryInterface(*reinterpret_cast<const GUID*>(bytes + 1), found);
+}
+
+TEST(ComObject, AnswersAQueryByAnIdThatIsNotAligned)
+{
+    int deaths = 0;
+    const ComPtr<IFirst> object = tv::MakeObject<Both>(&deaths);
+    ComPtr<ISecond> second;
+    ASSERT_EQ(AskByUnalignedId(object.get(), second.putVoid()), S_OK);
+    EXPECT_EQ(second->Second(), 2);
 }
 
 TEST(ComObject, HasOneIdentityWhicheverInterfaceIsAsked)
