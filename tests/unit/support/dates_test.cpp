@@ -108,7 +108,7 @@ TEST(Dates, TheSystemAgrees)
 {
     for (const int year : {1900, 1999, 2000, 2026, 2100, 9999}) {
         for (uint16_t month = 1; month <= 12; ++month) {
-            for (const uint16_t day : std::initializer_list<uint16_t>{1, 28, 30, 31}) {
+            for (const uint16_t day : std::initializer_list<uint16_t>{1, 15, 28}) {
                 const SYSTEMTIME native{static_cast<WORD>(year), month, 0, day, 23, 59, 58, 0};
                 double expected = 0;
                 double days = 0;
