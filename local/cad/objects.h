@@ -28,6 +28,9 @@ macro::Ref<macro::Object> MakeGlobalObject(ObjectContext& context);
 /// The object of an open document; Nothing for null.
 macro::Value DocumentValue(ObjectContext& context, const std::shared_ptr<ModelDocument>& document);
 
+/// What a PDF is to hold: GetExportFileData gives it, SaveAs takes it.
+macro::Value MakePdfExportData();
+
 /// Names of the classes that may stand behind As, in small letters.
 bool IsClassName(std::u16string_view folded);
 
