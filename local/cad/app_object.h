@@ -29,16 +29,14 @@ class AppObject : public macro::Object
 };
 
 /// One member of a class: its name in small letters and the function behind it.
-template <typename Class>
-struct Member
+template <typename Class> struct Member
 {
     std::u16string_view name;
     macro::Value (Class::*call)(macro::InvokeKind kind, macro::Arguments& arguments);
 };
 
 /// Implements the calls of a class whose members stand in `Class::kMembers`, an array of Member<Class>.
-template <typename Class>
-class TableObject : public AppObject
+template <typename Class> class TableObject : public AppObject
 {
   public:
     macro::Value Invoke(const macro::MemberName& name, macro::InvokeKind kind, macro::Arguments& arguments) override

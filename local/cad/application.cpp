@@ -53,8 +53,7 @@ bool IsOwnExtension(std::u16string_view extension)
 
 Application::Application(macro::FileSystem& fileSystem, Geometry& shapes)
     : files(fileSystem), geometry(shapes), events(std::make_shared<EventSource>(kInterfaceId<DTorvaneEvents>))
-{
-}
+{}
 
 OpenOutcome Application::Open(std::u16string_view path, DocumentType type, bool readOnly,
                               std::u16string_view configuration)

@@ -51,8 +51,8 @@ class Application
     intptr_t mainWindow = 0;
     bool keepsInvisible = false;
 
-    /// Opens one of our own documents, from a file or as a virtual component of a document that is open. A document that
-    /// is open already is given again. \param type what the caller takes it for; None for whatever it is
+    /// Opens one of our own documents, from a file or as a virtual component of a document that is open. A document
+    /// that is open already is given again. \param type what the caller takes it for; None for whatever it is
     OpenOutcome Open(std::u16string_view path, DocumentType type, bool readOnly, std::u16string_view configuration);
     /// Loads a neutral file.
     OpenOutcome Load(std::u16string_view path);

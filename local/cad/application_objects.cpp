@@ -391,9 +391,21 @@ Ref<macro::Object> MakeGlobalObject(ObjectContext& context)
 bool IsClassName(std::u16string_view folded)
 {
     constexpr std::u16string_view kClasses[] = {
-        u"application",   u"assemblydoc",          u"component2",        u"configuration", u"configurationmanager",
-        u"documentspecification", u"drawingdoc",   u"exportpdfdata",     u"frame",         u"modeldoc2",
-        u"modeldocextension",     u"modelview",    u"partdoc",           u"sheet",         u"torvane",
+        u"application",
+        u"assemblydoc",
+        u"component2",
+        u"configuration",
+        u"configurationmanager",
+        u"documentspecification",
+        u"drawingdoc",
+        u"exportpdfdata",
+        u"frame",
+        u"modeldoc2",
+        u"modeldocextension",
+        u"modelview",
+        u"partdoc",
+        u"sheet",
+        u"torvane",
         u"view",
     };
     return std::ranges::find(kClasses, folded) != std::end(kClasses);

@@ -47,11 +47,20 @@ Result ReportError(const macro::MacroError& error, EXCEPINFO* exception)
     }
     *exception = EXCEPINFO{};
     // Numbers of the language travel as codes of the facility that automation keeps for them.
-    exception->scode = error.number < 0 ? error.number
-                                        : static_cast<SCODE>(0x800A0000u | static_cast<uint32_t>(error.number & 0xFFFF));
+    exception->scode = error.number < 0
+                           ? error.number
+                           : static_cast<SCODE>(0x800A0000u | static_cast<uint32_t>(error.number & 0xFFFF));
     exception->bstrDescription = reinterpret_cast<BSTR>(AllocateText(error.description));
     exception->bstrSource = reinterpret_cast<BSTR>(AllocateText(error.source.empty() ? u"Torvane" : error.source));
     return DISP_E_EXCEPTION;
+}
+
+macro::InvokeKind KindOfCall(WORD flags)
+{
+    if ((flags & DISPATCH_PROPERTYPUTREF) != 0) {
+        return macro::InvokeKind::Set;
+    }
+    return (flags & DISPATCH_PROPERTYPUT) != 0 ? macro::InvokeKind::Let : macro::InvokeKind::Get;
 }
 
 class DispatchObject final : public ComObject<IDispatch, IConnectionPointContainer>
@@ -116,9 +125,7 @@ class DispatchObject final : public ComObject<IDispatch, IConnectionPointContain
             if (params->cNamedArgs > (puts ? 1u : 0u)) {
                 return DISP_E_PARAMNOTFOUND;
             }
-            const macro::InvokeKind kind = !puts ? macro::InvokeKind::Get
-                                           : (flags & DISPATCH_PROPERTYPUTREF) != 0 ? macro::InvokeKind::Set
-                                                                                    : macro::InvokeKind::Let;
+            const macro::InvokeKind kind = KindOfCall(flags);
             try {
                 return Call(members[static_cast<size_t>(member - 1)], kind, *params, result);
             } catch (const macro::MacroError& error) {

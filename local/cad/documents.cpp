@@ -103,8 +103,8 @@ ReadOutcome ReadDocumentFile(macro::FileSystem& files, std::u16string_view path)
     try {
         return {document::ReadDocument(text, ToUtf8(path)), 0, {}};
     } catch (const document::DocumentError& error) {
-        return {std::nullopt,
-                error.fault() == document::Fault::FutureVersion ? kOpenFutureVersion : kOpenFileDamaged, error.what()};
+        return {std::nullopt, error.fault() == document::Fault::FutureVersion ? kOpenFutureVersion : kOpenFileDamaged,
+                error.what()};
     }
 }
 

@@ -22,8 +22,7 @@ class Point final : public ComObject<IConnectionPoint>
   public:
     Point(std::shared_ptr<EventSource> events, IConnectionPointContainer* owner)
         : source(std::move(events)), container(ComPtr<IConnectionPointContainer>::Share(owner))
-    {
-    }
+    {}
 
     HRESULT STDMETHODCALLTYPE GetConnectionInterface(IID* interfaceId) override
     {
@@ -98,8 +97,8 @@ void EventSource::Fire(DISPID event, std::span<const Variant> arguments)
         DISPPARAMS params{reversed.empty() ? nullptr : reversed.data(), nullptr, static_cast<UINT>(reversed.size()), 0};
         Variant answer;
         const GUID none{};
-        const Result result =
-            listener->Invoke(event, none, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &params, answer.put(), nullptr, nullptr);
+        const Result result = listener->Invoke(event, none, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &params, answer.put(),
+                                               nullptr, nullptr);
         if (HasGone(result)) {
             listeners.erase(cookie);
         }

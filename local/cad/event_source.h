@@ -18,8 +18,8 @@ using ConnectionCookie = DWORD;
 using ConnectionCookie = uint32_t;
 #endif
 
-/// The listeners of one event interface. Events are fired on the thread of the application, one listener after the other
-/// in the order in which they connected; a listener whose process has gone is dropped.
+/// The listeners of one event interface. Events are fired on the thread of the application, one listener after the
+/// other in the order in which they connected; a listener whose process has gone is dropped.
 class EventSource : public std::enable_shared_from_this<EventSource>
 {
   public:

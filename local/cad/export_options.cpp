@@ -7,9 +7,15 @@ namespace tv::app {
 namespace {
 
 /// Preferences whose unset state isn't "off" or 0.
-constexpr int32_t kTogglesOn[] = {toggle::kPdfInColor,    toggle::kPdfEmbedFonts,           toggle::kPdfCurrentPrintLineWeights,
-                                  toggle::kIgesSolidAndSurface, toggle::kIgesFreeCurves,    toggle::kIgesHighTrimCurveAccuracy,
-                                  toggle::kIgesComponentsIntoOneFile, toggle::kIgesFlattenHierarchy, toggle::kStlBinary};
+constexpr int32_t kTogglesOn[] = {toggle::kPdfInColor,
+                                  toggle::kPdfEmbedFonts,
+                                  toggle::kPdfCurrentPrintLineWeights,
+                                  toggle::kIgesSolidAndSurface,
+                                  toggle::kIgesFreeCurves,
+                                  toggle::kIgesHighTrimCurveAccuracy,
+                                  toggle::kIgesComponentsIntoOneFile,
+                                  toggle::kIgesFlattenHierarchy,
+                                  toggle::kStlBinary};
 
 constexpr int32_t kManifoldSolid = 3; ///< of the IGES representation
 constexpr int32_t kFineQuality = 2;

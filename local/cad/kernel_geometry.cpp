@@ -7,8 +7,7 @@ namespace tv::app {
 KernelGeometry::KernelGeometry(kernel::KernelClientSettings settings,
                                std::function<std::string(const std::string&)> nativePath)
     : client(std::move(settings)), toNative(std::move(nativePath))
-{
-}
+{}
 
 kernel::Outcome<kernel::Inspection> KernelGeometry::Inspect(const kernel::InspectJob& job)
 {

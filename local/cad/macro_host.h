@@ -26,9 +26,9 @@ class MacroHost : public macro::Host
   public:
     /// \param localTime gives the days since 30 December 1899
     /// \param showMessage shows a message box and returns the pressed button's number
-    MacroHost(ObjectContext& context, macro::FileSystem& files, std::function<double()> localTime,
-              std::function<int32_t(const std::u16string& prompt, int32_t buttons, const std::u16string& title)>
-                  showMessage);
+    MacroHost(
+        ObjectContext& context, macro::FileSystem& files, std::function<double()> localTime,
+        std::function<int32_t(const std::u16string& prompt, int32_t buttons, const std::u16string& title)> showMessage);
 
     macro::Value Global(std::u16string_view foldedName) override;
     macro::Ref<macro::Object> CreateObject(std::u16string_view progId) override;

@@ -33,8 +33,7 @@ int32_t MacroErrorOf(const macro::RunResult& result)
 
 MacroRunner::MacroRunner(macro::Host& macroHost, const macro::Library& names, const macro::Limits& bounds)
     : host(macroHost), library(names), limits(bounds)
-{
-}
+{}
 
 MacroOutcome MacroRunner::Run(std::u16string_view path, std::u16string_view module, std::u16string_view procedure)
 {

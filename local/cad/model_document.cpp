@@ -116,8 +116,9 @@ std::vector<ComponentInfo> ModelDocument::Components(bool topLevelOnly) const
             if (const document::Assembly* nested = AssemblyIn(*inner.document)) {
                 for (const document::Component& component : nested->components) {
                     found.push_back({ToUtf16(component.name),
-                                     component.IsVirtual() ? VirtualPath(inner.path, component.name, *component.embedded)
-                                                           : JoinPath(folder, ToUtf16(component.path)),
+                                     component.IsVirtual()
+                                         ? VirtualPath(inner.path, component.name, *component.embedded)
+                                         : JoinPath(folder, ToUtf16(component.path)),
                                      component.IsVirtual()});
                 }
             }

@@ -57,7 +57,10 @@ char32_t NextPoint(std::string_view text, size_t& index)
     if (byte < 0x80) {
         return byte;
     }
-    const int following = byte >= 0xF0 && byte < 0xF5 ? 3 : byte >= 0xE0 && byte < 0xF0 ? 2 : byte >= 0xC2 && byte < 0xE0 ? 1 : 0;
+    const int following = byte >= 0xF0 && byte < 0xF5   ? 3
+                          : byte >= 0xE0 && byte < 0xF0 ? 2
+                          : byte >= 0xC2 && byte < 0xE0 ? 1
+                                                        : 0;
     if (following == 0) {
         return kReplacement;
     }

@@ -26,8 +26,7 @@ Variant ArrayToVariant(const Value& value)
     return Variant::FromArray(out.release(), VT_VARIANT);
 }
 
-template <typename Element, typename Convert>
-Value ElementsToArray(SAFEARRAY* array, Convert convert)
+template <typename Element, typename Convert> Value ElementsToArray(SAFEARRAY* array, Convert convert)
 {
     SafeArrayView<Element> elements(array);
     std::vector<Value> values;
@@ -176,7 +175,8 @@ Value FromVariant(const VARIANT& given)
     case VT_BOOL:
         return Value(value.boolVal != 0);
     case VT_ERROR:
-        return value.scode == DISP_E_PARAMNOTFOUND ? Value::Missing() : Value::FromError(static_cast<int32_t>(value.scode));
+        return value.scode == DISP_E_PARAMNOTFOUND ? Value::Missing()
+                                                   : Value::FromError(static_cast<int32_t>(value.scode));
     case VT_DISPATCH:
     case VT_UNKNOWN:
         return FromObject(value.punkVal);

@@ -5,8 +5,8 @@
 
 namespace tv {
 
-/// Cuts the references that other processes hold to an object of this one. A process that died gives back nothing, and its
-/// references would keep the object, and with it this module, for minutes.
+/// Cuts the references that other processes hold to an object of this one. A process that died gives back nothing, and
+/// its references would keep the object, and with it this module, for minutes.
 inline void DisconnectRemoteCallers([[maybe_unused]] IUnknown* object)
 {
 #ifdef _WIN32

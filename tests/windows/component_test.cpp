@@ -54,8 +54,8 @@ class ComponentTest : public testing::Test
         if (module == nullptr) {
             return HRESULT_FROM_WIN32(GetLastError());
         }
-        const auto entry = reinterpret_cast<HRESULT(STDAPICALLTYPE*)()>(
-            reinterpret_cast<void*>(GetProcAddress(module, name)));
+        const auto entry =
+            reinterpret_cast<HRESULT(STDAPICALLTYPE*)()>(reinterpret_cast<void*>(GetProcAddress(module, name)));
         const HRESULT result = entry == nullptr ? E_NOTIMPL : entry();
         FreeLibrary(module);
         return result;
@@ -63,9 +63,9 @@ class ComponentTest : public testing::Test
     static ComPtr<IVyxAddIn5> Create()
     {
         ComPtr<IVyxAddIn5> addIn;
-        EXPECT_EQ(CoCreateInstance(kTaskAddInClass, nullptr, CLSCTX_INPROC_SERVER, kInterfaceId<IVyxAddIn5>,
-                                   addIn.putVoid()),
-                  S_OK);
+        EXPECT_EQ(
+            CoCreateInstance(kTaskAddInClass, nullptr, CLSCTX_INPROC_SERVER, kInterfaceId<IVyxAddIn5>, addIn.putVoid()),
+            S_OK);
         return addIn;
     }
     static bool IsLoaded() { return GetModuleHandleW(L"TVTaskAddIn.dll") != nullptr; }
@@ -107,9 +107,9 @@ TEST_F(ComponentTest, TheComponentCannotBeAggregated)
 {
     const ComPtr<HookCounter> outer = MakeObject<HookCounter>();
     ComPtr<IUnknown> object;
-    EXPECT_EQ(CoCreateInstance(kTaskAddInClass, outer.get(), CLSCTX_INPROC_SERVER, kInterfaceId<IUnknown>,
-                               object.putVoid()),
-              CLASS_E_NOAGGREGATION);
+    EXPECT_EQ(
+        CoCreateInstance(kTaskAddInClass, outer.get(), CLSCTX_INPROC_SERVER, kInterfaceId<IUnknown>, object.putVoid()),
+        CLASS_E_NOAGGREGATION);
 }
 
 TEST_F(ComponentTest, TheModuleUnloadsWhenItsObjectsAreGoneAndNotBefore)
@@ -186,8 +186,8 @@ TEST_F(ComponentTest, UnregisteringTakesEverythingBackAndRegisteringBringsItAgai
     GUID id{};
     EXPECT_LT(CLSIDFromProgID(reinterpret_cast<const wchar_t*>(kTaskAddInProgId), &id), 0);
     HKEY key = nullptr;
-    EXPECT_NE(RegOpenKeyExW(HKEY_LOCAL_MACHINE,
-                            L"Software\\Classes\\CLSID\\{5A1C7F30-8F0E-4B52-9A44-2F6D1C0A7E01}", 0, KEY_READ, &key),
+    EXPECT_NE(RegOpenKeyExW(HKEY_LOCAL_MACHINE, L"Software\\Classes\\CLSID\\{5A1C7F30-8F0E-4B52-9A44-2F6D1C0A7E01}", 0,
+                            KEY_READ, &key),
               ERROR_SUCCESS);
     EXPECT_EQ(CallEntryPoint("DllUnregisterServer"), S_OK);
     EXPECT_EQ(CallEntryPoint("DllRegisterServer"), S_OK);

@@ -91,7 +91,8 @@ class TorvaneTest : public testing::Test
         STARTUPINFOW start{};
         start.cb = sizeof start;
         std::wstring command = ProgramFolder() + L"\\TORVANE.EXE /B";
-        ASSERT_TRUE(CreateProcessW(nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start, &process));
+        ASSERT_TRUE(
+            CreateProcessW(nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start, &process));
         const std::wstring name = L"Torvane_PID_" + std::to_wstring(process.dwProcessId);
         const DWORD deadline = GetTickCount() + kPatience;
         while (!application && GetTickCount() < deadline) {
@@ -183,14 +184,17 @@ TEST_F(TorvaneTest, AMacrosSaveIsHeardDuringTheCallAndBeforeTheFileIsThere)
     const std::wstring part = Write(L"part.tvnprt", kPart);
     const std::wstring copy = folder + L"\\copy.tvnprt";
     written.push_back(copy);
-    const std::wstring macro =
-        Write(L"save.tvb", "Sub main()\r\n"
-                           "  Dim errors As Long, warnings As Long\r\n"
-                           "  Set app = Application.Torvane\r\n"
-                           "  Set spec = app.GetOpenDocSpec(\"" + AsText(part) + "\")\r\n"
-                           "  Set model = app.OpenDoc7(spec)\r\n"
-                           "  If Not model.Extension.SaveAs(\"" + AsText(copy) + "\", 0, 1, Nothing, errors, warnings) Then Err.Raise 5\r\n"
-                           "End Sub\r\n");
+    const std::wstring macro = Write(L"save.tvb", "Sub main()\r\n"
+                                                  "  Dim errors As Long, warnings As Long\r\n"
+                                                  "  Set app = Application.Torvane\r\n"
+                                                  "  Set spec = app.GetOpenDocSpec(\"" +
+                                                      AsText(part) +
+                                                      "\")\r\n"
+                                                      "  Set model = app.OpenDoc7(spec)\r\n"
+                                                      "  If Not model.Extension.SaveAs(\"" +
+                                                      AsText(copy) +
+                                                      "\", 0, 1, Nothing, errors, warnings) Then Err.Raise 5\r\n"
+                                                      "End Sub\r\n");
     ComPtr<IConnectionPointContainer> container;
     ASSERT_EQ(application.As(container), S_OK);
     ComPtr<IConnectionPoint> point;

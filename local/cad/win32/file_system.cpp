@@ -58,8 +58,8 @@ class DiskFile : public macro::File
     size_t Read(std::span<char> bytes) override
     {
         DWORD count = 0;
-        ExpectSuccess(ReadFile(handle, bytes.data(), static_cast<DWORD>(std::min(bytes.size(), kLargestPiece)), &count,
-                               nullptr));
+        ExpectSuccess(
+            ReadFile(handle, bytes.data(), static_cast<DWORD>(std::min(bytes.size(), kLargestPiece)), &count, nullptr));
         return count;
     }
 
@@ -147,7 +147,7 @@ std::unique_ptr<macro::File> DiskFileSystem::Open(std::u16string_view path, macr
         DWORD creation;
     };
     constexpr Mode kModes[] = {
-        {GENERIC_READ, OPEN_EXISTING},                // Read
+        {GENERIC_READ, OPEN_EXISTING},                 // Read
         {GENERIC_READ | GENERIC_WRITE, CREATE_ALWAYS}, // Write
         {GENERIC_READ | GENERIC_WRITE, OPEN_ALWAYS},   // Append
         {GENERIC_READ | GENERIC_WRITE, OPEN_ALWAYS},   // ReadWrite

@@ -2,9 +2,9 @@
 //
 //     TORVANE.EXE [/B | /R]      starts it; automation finds it as "Torvane_PID_%d" in the running object table
 //     TORVANE.EXE /regserver     registers it; /unregserver takes it out again
+#include "cad/dispatch_object.h"
 #include "cad/kernel_geometry.h"
 #include "cad/macro_host.h"
-#include "cad/dispatch_object.h"
 #include "cad/text.h"
 #include "cad_win32/file_system.h"
 #include "cad_win32/main_window.h"
@@ -28,7 +28,8 @@ void Note(const std::string& line)
     static const std::wstring path = [] {
         std::wstring value(GetEnvironmentVariableW(L"TORVANE_TRANSCRIPT", nullptr, 0), L'\0');
         if (!value.empty()) {
-            value.resize(GetEnvironmentVariableW(L"TORVANE_TRANSCRIPT", value.data(), static_cast<DWORD>(value.size())));
+            value.resize(
+                GetEnvironmentVariableW(L"TORVANE_TRANSCRIPT", value.data(), static_cast<DWORD>(value.size())));
         }
         return value;
     }();
@@ -132,7 +133,8 @@ int RunSwitch(const std::wstring& name, int showMode)
         _wcsicmp(name.c_str(), L"-Embedding") == 0) {
         return RunApplication(showMode);
     }
-    MessageBoxW(nullptr, (L"\"" + name + L"\" is no switch of Torvane. There are /B, /R, /regserver and /unregserver.").c_str(),
+    MessageBoxW(nullptr,
+                (L"\"" + name + L"\" is no switch of Torvane. There are /B, /R, /regserver and /unregserver.").c_str(),
                 L"Torvane", MB_ICONERROR);
     return 2;
 }

@@ -84,8 +84,8 @@ DWORD DeleteTree(const std::wstring& key)
 unsigned Register()
 {
     for (const Entry& entry : TextEntries()) {
-        const DWORD error = WriteValue(entry.key, entry.name, REG_SZ, entry.text.c_str(),
-                                       (entry.text.size() + 1) * sizeof(wchar_t));
+        const DWORD error =
+            WriteValue(entry.key, entry.name, REG_SZ, entry.text.c_str(), (entry.text.size() + 1) * sizeof(wchar_t));
         if (error != ERROR_SUCCESS) {
             return error;
         }

@@ -54,9 +54,8 @@ std::optional<Error> KernelClient::Connection::EnsureStarted()
     }
     socket = AcceptKernel(*listener, token);
     if (!socket) {
-        return Error{ErrorCode::NoKernel,
-                     "The geometry kernel was started and didn't connect within " +
-                         std::to_string(settings.connectWithin.count()) + " ms."};
+        return Error{ErrorCode::NoKernel, "The geometry kernel was started and didn't connect within " +
+                                              std::to_string(settings.connectWithin.count()) + " ms."};
     }
     return std::nullopt;
 }
@@ -86,8 +85,8 @@ Outcome<std::string> KernelClient::Connection::Ask(const std::string& request, s
     }
     const Deadline deadline = In(limit + settings.grace);
     std::string reply;
-    const Received result = socket.SendFrame(request, deadline) ? socket.ReceiveFrame(reply, kLargestFrame, deadline)
-                                                                : Received::Closed;
+    const Received result =
+        socket.SendFrame(request, deadline) ? socket.ReceiveFrame(reply, kLargestFrame, deadline) : Received::Closed;
     if (result == Received::Frame) {
         return reply;
     }
@@ -99,9 +98,9 @@ Outcome<std::string> KernelClient::Connection::Ask(const std::string& request, s
     return Error{ErrorCode::KernelLost, "\"" + subject + "\": the geometry kernel ended during the job."};
 }
 
-KernelClient::KernelClient(KernelClientSettings settings) : connection(std::make_unique<Connection>(std::move(settings)))
-{
-}
+KernelClient::KernelClient(KernelClientSettings settings)
+    : connection(std::make_unique<Connection>(std::move(settings)))
+{}
 
 KernelClient::~KernelClient() = default;
 KernelClient::KernelClient(KernelClient&&) noexcept = default;

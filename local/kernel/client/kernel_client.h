@@ -1,9 +1,9 @@
 // The application's side of the geometry kernel. KernelClient starts the kernel when a job first needs it, keeps it for
 // the jobs that follow, and starts a new one when it has died. Nothing throws: a job gives its result or an Error.
 //
-//     KernelClient kernel({.start = [](const std::vector<std::string>& arguments) { return Spawn(kTvkernel, arguments); }});
-//     auto saved = kernel.Save({.source = {.path = "/tmp/a.tvnprt"}, .target = "/tmp/a.step"});
-//     if (!saved) Report(saved.error().code, saved.error().message);
+//     KernelClient kernel({.start = [](const std::vector<std::string>& arguments) { return Spawn(kTvkernel, arguments);
+//     }}); auto saved = kernel.Save({.source = {.path = "/tmp/a.tvnprt"}, .target = "/tmp/a.step"}); if (!saved)
+//     Report(saved.error().code, saved.error().message);
 #pragma once
 
 #include "protocol/errors.h"

@@ -463,8 +463,7 @@ nlohmann::json ParseJson(std::string_view text, std::string_view fileName)
     } catch (const nlohmann::json::parse_error& error) {
         const size_t offset = error.byte > 0 ? error.byte - 1 : 0;
         const std::string reason = offset >= text.size() ? "the text ends too early" : "the text is not valid JSON";
-        throw DocumentError(Fault::NotJson,
-                            std::string(fileName) + ": " + LineAndColumn(text, offset) + ": " + reason);
+        throw DocumentError(Fault::NotJson, std::string(fileName) + ": " + LineAndColumn(text, offset) + ": " + reason);
     } catch (const nlohmann::json::exception& error) {
         throw DocumentError(Fault::NotJson, std::string(fileName) + ": " + error.what());
     }

@@ -19,8 +19,7 @@ class JsonNode
   public:
     JsonNode(const nlohmann::json& json, std::string_view file, std::string path = {})
         : value(json), fileName(file), where(std::move(path))
-    {
-    }
+    {}
 
     [[noreturn]] void Fail(const std::string& reason) const;
 

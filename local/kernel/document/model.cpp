@@ -76,8 +76,8 @@ void Collect(const Document& document, std::vector<std::string>& list)
 
 bool Component::operator==(const Component& other) const
 {
-    const bool sameDocument = IsVirtual() && other.IsVirtual() ? *embedded == *other.embedded
-                                                               : IsVirtual() == other.IsVirtual();
+    const bool sameDocument =
+        IsVirtual() && other.IsVirtual() ? *embedded == *other.embedded : IsVirtual() == other.IsVirtual();
     return sameDocument && name == other.name && path == other.path && configuration == other.configuration &&
            placement == other.placement;
 }

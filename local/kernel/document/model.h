@@ -181,9 +181,9 @@ struct Note
 struct Sheet
 {
     std::string name;
-    std::string format;   // a name of kSheetFormats, or empty for a size of its own
-    Point2 size{};        // width and height as the sheet is read
-    double scale = 1;     // 0.5 is 1:2
+    std::string format; // a name of kSheetFormats, or empty for a size of its own
+    Point2 size{};      // width and height as the sheet is read
+    double scale = 1;   // 0.5 is 1:2
     std::vector<View> views;
     std::vector<Note> notes;
     bool operator==(const Sheet&) const = default;
@@ -212,17 +212,9 @@ struct SheetFormat
 
 /// Sheets lie on their long side, but for A4.
 inline constexpr SheetFormat kSheetFormats[] = {
-    {"A4", 210, 297},
-    {"A4 landscape", 297, 210},
-    {"A3", 420, 297},
-    {"A2", 594, 420},
-    {"A1", 841, 594},
-    {"A0", 1189, 841},
-    {"ANSI A", 279.4, 215.9},
-    {"ANSI B", 431.8, 279.4},
-    {"ANSI C", 558.8, 431.8},
-    {"ANSI D", 863.6, 558.8},
-    {"ANSI E", 1117.6, 863.6},
+    {"A4", 210, 297},         {"A4 landscape", 297, 210}, {"A3", 420, 297},          {"A2", 594, 420},
+    {"A1", 841, 594},         {"A0", 1189, 841},          {"ANSI A", 279.4, 215.9},  {"ANSI B", 431.8, 279.4},
+    {"ANSI C", 558.8, 431.8}, {"ANSI D", 863.6, 558.8},   {"ANSI E", 1117.6, 863.6},
 };
 
 enum class Kind

@@ -19,8 +19,8 @@ inline constexpr Word<Operation> kOperations[] = {
 };
 
 inline constexpr Word<Projection> kProjections[] = {
-    {Projection::Front, "front"}, {Projection::Back, "back"}, {Projection::Left, "left"},
-    {Projection::Right, "right"}, {Projection::Top, "top"},   {Projection::Bottom, "bottom"},
+    {Projection::Front, "front"},         {Projection::Back, "back"}, {Projection::Left, "left"},
+    {Projection::Right, "right"},         {Projection::Top, "top"},   {Projection::Bottom, "bottom"},
     {Projection::Isometric, "isometric"},
 };
 

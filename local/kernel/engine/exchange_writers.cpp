@@ -64,9 +64,8 @@ class ExchangeDocument
         if (known != labels.end()) {
             return known->second;
         }
-        const TDF_Label label = node.children.empty()
-                                    ? shapes->AddShape(node.shape.Located(TopLoc_Location()), false)
-                                    : shapes->NewShape();
+        const TDF_Label label =
+            node.children.empty() ? shapes->AddShape(node.shape.Located(TopLoc_Location()), false) : shapes->NewShape();
         SetName(label, node.name);
         for (const ModelNode& child : node.children) {
             SetName(shapes->AddComponent(label, Add(child), child.shape.Location()), child.name);

@@ -1,5 +1,5 @@
-// Checks that a neutral file is whole before the geometry library sees it. The library takes what it can get from a file
-// that was cut off, and a part with half its faces looks like a success.
+// Checks that a neutral file is whole before the geometry library sees it. The library takes what it can get from a
+// file that was cut off, and a part with half its faces looks like a success.
 #pragma once
 
 #include <filesystem>

@@ -17,8 +17,8 @@
 #include <HLRBRep_PolyHLRToShape.hxx>
 #include <TopExp_Explorer.hxx>
 #include <TopoDS.hxx>
-#include <TopoDS_Face.hxx>
 #include <TopoDS_Compound.hxx>
+#include <TopoDS_Face.hxx>
 #include <gp_Ax2.hxx>
 
 #include <algorithm>
@@ -44,9 +44,9 @@ struct Direction
 
 /// Third-angle conventions: the front is seen from -y, with z up.
 constexpr Direction kDirections[] = {
-    {Projection::Front, {0, -1, 0}, {1, 0, 0}},   {Projection::Back, {0, 1, 0}, {-1, 0, 0}},
-    {Projection::Left, {-1, 0, 0}, {0, -1, 0}},   {Projection::Right, {1, 0, 0}, {0, 1, 0}},
-    {Projection::Top, {0, 0, 1}, {1, 0, 0}},      {Projection::Bottom, {0, 0, -1}, {1, 0, 0}},
+    {Projection::Front, {0, -1, 0}, {1, 0, 0}},     {Projection::Back, {0, 1, 0}, {-1, 0, 0}},
+    {Projection::Left, {-1, 0, 0}, {0, -1, 0}},     {Projection::Right, {1, 0, 0}, {0, 1, 0}},
+    {Projection::Top, {0, 0, 1}, {1, 0, 0}},        {Projection::Bottom, {0, 0, -1}, {1, 0, 0}},
     {Projection::Isometric, {1, -1, 1}, {1, 1, 0}},
 };
 
@@ -186,11 +186,11 @@ Projected Project(const TopoDS_Shape& shape, Projection projection, Exactness ex
 {
     const TopoDS_Shape surfaces = SurfacesOnly(shape);
     const double deflection = std::max(1e-4, DiagonalOf(surfaces) * 0.0005);
-    const bool exact = exactness == Exactness::Exact ||
-                       (exactness == Exactness::Automatic && WorkOf(surfaces) <= kMostWorkForExact);
+    const bool exact =
+        exactness == Exactness::Exact || (exactness == Exactness::Automatic && WorkOf(surfaces) <= kMostWorkForExact);
     const HLRAlgo_Projector projector(AxesOf(projection));
-    Projected projected = exact ? ProjectExactly(surfaces, projector, deflection)
-                                : ProjectTriangles(surfaces, projector, deflection);
+    Projected projected =
+        exact ? ProjectExactly(surfaces, projector, deflection) : ProjectTriangles(surfaces, projector, deflection);
     FindLimits(projected);
     return projected;
 }

@@ -143,8 +143,8 @@ std::string VrmlName(const std::string& name)
 {
     std::string safe = "Part_";
     for (const char letter : name) {
-        const bool plain = (letter >= '0' && letter <= '9') || (letter >= 'a' && letter <= 'z') ||
-                           (letter >= 'A' && letter <= 'Z');
+        const bool plain =
+            (letter >= '0' && letter <= '9') || (letter >= 'a' && letter <= 'z') || (letter >= 'A' && letter <= 'Z');
         safe += plain ? letter : '_';
     }
     return safe;

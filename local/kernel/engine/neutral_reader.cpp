@@ -220,7 +220,7 @@ struct NeutralReader
 };
 
 constexpr NeutralReader kNeutralReaders[] = {
-    {".step", ReadStep}, {".stp", ReadStep}, {".igs", ReadIges},   {".iges", ReadIges},
+    {".step", ReadStep}, {".stp", ReadStep},  {".igs", ReadIges}, {".iges", ReadIges},
     {".stl", ReadStl},   {".brep", ReadBrep}, {".brp", ReadBrep},
 };
 
@@ -246,8 +246,9 @@ TopoDS_Shape SolidOfShell(const TopoDS_Shape& shape)
 std::string LowerExtension(const fs::path& file)
 {
     std::string extension = file.extension().string();
-    std::ranges::transform(extension, extension.begin(),
-                           [](char letter) { return static_cast<char>(std::tolower(static_cast<unsigned char>(letter))); });
+    std::ranges::transform(extension, extension.begin(), [](char letter) {
+        return static_cast<char>(std::tolower(static_cast<unsigned char>(letter)));
+    });
     return extension;
 }
 

@@ -42,8 +42,8 @@ Options::Options(std::span<const OptionRow> rows, const std::map<std::string, st
     for (const auto& [name, value] : given) {
         const auto row = std::ranges::find(rows, name, &OptionRow::name);
         if (row == rows.end()) {
-            throw JobFailure(ErrorCode::BadRequest, std::string(formatTitle) + " has no option " + Quoted(name) + "; " +
-                                                        NamesOf(rows) + ".");
+            throw JobFailure(ErrorCode::BadRequest,
+                             std::string(formatTitle) + " has no option " + Quoted(name) + "; " + NamesOf(rows) + ".");
         }
         if (!Allows(row->values, value)) {
             throw JobFailure(ErrorCode::BadRequest, "The option " + Quoted(name) + " of " + std::string(formatTitle) +

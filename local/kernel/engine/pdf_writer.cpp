@@ -24,10 +24,8 @@ struct Stroke
 };
 
 constexpr Stroke kStrokes[] = {
-    {LineStyle::Visible, 0.35, 0, 0, 0, 0, 0},
-    {LineStyle::Smooth, 0.13, 0, 0, 0.25, 0.25, 0.25},
-    {LineStyle::Hidden, 0.18, 2, 1, 0.35, 0.4, 0.55},
-    {LineStyle::Frame, 0.5, 0, 0, 0.1, 0.15, 0.35},
+    {LineStyle::Visible, 0.35, 0, 0, 0, 0, 0},        {LineStyle::Smooth, 0.13, 0, 0, 0.25, 0.25, 0.25},
+    {LineStyle::Hidden, 0.18, 2, 1, 0.35, 0.4, 0.55}, {LineStyle::Frame, 0.5, 0, 0, 0.1, 0.15, 0.35},
     {LineStyle::Thin, 0.18, 0, 0, 0.1, 0.15, 0.35},
 };
 

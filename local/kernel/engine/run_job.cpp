@@ -104,8 +104,8 @@ PageSettings SettingsFrom(const Options& options)
     settings.exactness = options.Is("edges", "exact")  ? Exactness::Exact
                          : options.Is("edges", "fast") ? Exactness::Fast
                                                        : Exactness::Automatic;
-    settings.hiddenLines = options.Is("hidden-lines", "removed") ? document::HiddenLines::Removed
-                                                                 : document::HiddenLines::Dashed;
+    settings.hiddenLines =
+        options.Is("hidden-lines", "removed") ? document::HiddenLines::Removed : document::HiddenLines::Dashed;
     settings.sheetFormat = options.Text("sheet");
     settings.headerAndFooter = options.IsOn("header-footer");
     return settings;
@@ -162,7 +162,8 @@ const Writer& WriterFor(const SaveJob& job)
 {
     const Writer* writer = FindWriter(job.target);
     if (!writer) {
-        throw JobFailure(ErrorCode::UnsupportedFormat, Quoted(job.target) + " can't be written: there is no writer for " +
+        throw JobFailure(ErrorCode::UnsupportedFormat, Quoted(job.target) +
+                                                           " can't be written: there is no writer for " +
                                                            Quoted(LowerExtension(job.target)) + ".");
     }
     return *writer;

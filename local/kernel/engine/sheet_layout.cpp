@@ -19,13 +19,12 @@ constexpr double kTitleHeight = 36;
 constexpr double kGap = 15; // between views
 
 /// The scales of ISO 5455, and their continuation for very small and very large models.
-constexpr double kStandardScales[] = {1000, 500, 200, 100,   50,   20,    10,    5,      2,      1,      0.5,   0.2,
+constexpr double kStandardScales[] = {1000, 500,  200,  100,  50,    20,    10,    5,      2,      1,      0.5,    0.2,
                                       0.1,  0.05, 0.02, 0.01, 0.005, 0.002, 0.001, 0.0005, 0.0002, 0.0001, 0.00001};
 
 void AddRectangle(Page& page, LineStyle style, double x, double y, double width, double height)
 {
-    page.lines.push_back(
-        {style, {{x, y}, {x + width, y}, {x + width, y + height}, {x, y + height}, {x, y}}});
+    page.lines.push_back({style, {{x, y}, {x + width, y}, {x + width, y + height}, {x, y + height}, {x, y}}});
 }
 
 void AddLine(Page& page, LineStyle style, PagePoint from, PagePoint to)
@@ -75,8 +74,8 @@ Page NewPage(const std::string& name, double width, double height)
 void DrawHeaderAndFooter(Page& page, const TitleBlock& title)
 {
     page.texts.push_back({title.title, {page.width / 2, page.height - 7}, 2.5, Align::Centre});
-    page.texts.push_back({std::to_string(title.page) + "/" + std::to_string(title.pages), {page.width / 2, 4}, 2.5,
-                          Align::Centre});
+    page.texts.push_back(
+        {std::to_string(title.page) + "/" + std::to_string(title.pages), {page.width / 2, 4}, 2.5, Align::Centre});
 }
 
 void DrawLines(Page& page, LineStyle style, const std::vector<Polyline>& lines, const Projected& view, PagePoint centre,

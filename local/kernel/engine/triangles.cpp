@@ -42,8 +42,9 @@ void AddMesh(const Handle(Poly_Triangulation) & mesh, const gp_Trsf& place, bool
         if (reversed) {
             std::swap(b, c);
         }
-        triangles.push_back({{Coordinates(mesh->Node(a).Transformed(place)), Coordinates(mesh->Node(b).Transformed(place)),
-                              Coordinates(mesh->Node(c).Transformed(place))}});
+        triangles.push_back(
+            {{Coordinates(mesh->Node(a).Transformed(place)), Coordinates(mesh->Node(b).Transformed(place)),
+              Coordinates(mesh->Node(c).Transformed(place))}});
     }
 }
 

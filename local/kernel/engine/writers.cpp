@@ -40,14 +40,10 @@ constexpr OptionRow kPdfOptions[] = {
 };
 
 constexpr Writer kWriters[] = {
-    {".step", "STEP", kStepOptions, WriteStep},
-    {".stp", "STEP", kStepOptions, WriteStep},
-    {".igs", "IGES", kIgesOptions, WriteIges},
-    {".iges", "IGES", kIgesOptions, WriteIges},
-    {".stl", "STL", kStlOptions, WriteStl},
-    {".wrl", "VRML", kVrmlOptions, WriteVrml},
-    {".brep", "BREP", {}, WriteBrep},
-    {".pdf", "PDF", kPdfOptions, WritePages(WritePdf)},
+    {".step", "STEP", kStepOptions, WriteStep}, {".stp", "STEP", kStepOptions, WriteStep},
+    {".igs", "IGES", kIgesOptions, WriteIges},  {".iges", "IGES", kIgesOptions, WriteIges},
+    {".stl", "STL", kStlOptions, WriteStl},     {".wrl", "VRML", kVrmlOptions, WriteVrml},
+    {".brep", "BREP", {}, WriteBrep},           {".pdf", "PDF", kPdfOptions, WritePages(WritePdf)},
 };
 
 } // namespace

@@ -1,5 +1,5 @@
-// What can be asked of the geometry kernel, and what it answers. Texts are UTF-8; paths are those of the system that the
-// kernel runs on.
+// What can be asked of the geometry kernel, and what it answers. Texts are UTF-8; paths are those of the system that
+// the kernel runs on.
 #pragma once
 
 #include <array>

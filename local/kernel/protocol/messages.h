@@ -1,6 +1,6 @@
 // The texts that client and kernel exchange. Each is a JSON object in a frame: four bytes of length, highest first, and
-// then that many bytes of UTF-8. The kernel speaks first and says hello with its token; from then on the client asks and
-// the kernel answers, one request at a time.
+// then that many bytes of UTF-8. The kernel speaks first and says hello with its token; from then on the client asks
+// and the kernel answers, one request at a time.
 #pragma once
 
 #include "protocol/errors.h"

@@ -26,9 +26,15 @@ namespace {
 using Native = SOCKET;
 using Size = int;
 
-void CloseNative(Native socket) { closesocket(socket); }
+void CloseNative(Native socket)
+{
+    closesocket(socket);
+}
 
-bool WouldBlock() { return WSAGetLastError() == WSAEWOULDBLOCK; }
+bool WouldBlock()
+{
+    return WSAGetLastError() == WSAEWOULDBLOCK;
+}
 
 /// Winsock wants to be started once in a process; the system ends it with the process.
 void StartSockets()
@@ -57,9 +63,15 @@ constexpr int kSendFlags = 0;
 using Native = int;
 using Size = size_t;
 
-void CloseNative(Native socket) { close(socket); }
+void CloseNative(Native socket)
+{
+    close(socket);
+}
 
-bool WouldBlock() { return errno == EAGAIN || errno == EWOULDBLOCK || errno == EINTR; }
+bool WouldBlock()
+{
+    return errno == EAGAIN || errno == EWOULDBLOCK || errno == EINTR;
+}
 
 void StartSockets() {}
 
@@ -81,9 +93,15 @@ constexpr int kSendFlags = MSG_NOSIGNAL;
 constexpr short kReadable = POLLIN;
 constexpr short kWritable = POLLOUT;
 
-Native ToNative(SocketHandle socket) { return static_cast<Native>(socket); }
+Native ToNative(SocketHandle socket)
+{
+    return static_cast<Native>(socket);
+}
 
-SocketHandle FromNative(Native socket) { return static_cast<SocketHandle>(socket); }
+SocketHandle FromNative(Native socket)
+{
+    return static_cast<SocketHandle>(socket);
+}
 
 /// False when the deadline passed. A deadline that has passed still sees what has already arrived.
 bool WaitFor(SocketHandle socket, short events, Deadline deadline)
@@ -153,8 +171,8 @@ bool Socket::SendFrame(std::string_view text, Deadline deadline)
         if (!WaitFor(handle, kWritable, deadline)) {
             return false;
         }
-        const auto now = ::send(ToNative(handle), bytes.data() + sent, static_cast<Size>(bytes.size() - sent),
-                                kSendFlags);
+        const auto now =
+            ::send(ToNative(handle), bytes.data() + sent, static_cast<Size>(bytes.size() - sent), kSendFlags);
         if (now < 0 && !WouldBlock()) {
             return false;
         }

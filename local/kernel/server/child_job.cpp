@@ -189,8 +189,8 @@ Outcome<std::string> ResultOf(int status, std::string output, const std::string&
         return TimedOut(subject, limits);
     }
     const std::string how = WIFSIGNALED(status) ? std::string(" (") + strsignal(WTERMSIG(status)) + ")" : "";
-    return Error{ErrorCode::Crashed, "\"" + subject + "\": the geometry library crashed" + how +
-                                         "; the file may be damaged."};
+    return Error{ErrorCode::Crashed,
+                 "\"" + subject + "\": the geometry library crashed" + how + "; the file may be damaged."};
 }
 
 } // namespace

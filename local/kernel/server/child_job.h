@@ -1,5 +1,5 @@
-// Runs a job in a process of its own, so that a crash, a loop or a hunger for memory in the geometry library is a failed
-// job and nothing more.
+// Runs a job in a process of its own, so that a crash, a loop or a hunger for memory in the geometry library is a
+// failed job and nothing more.
 #pragma once
 
 #include "protocol/errors.h"

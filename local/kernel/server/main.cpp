@@ -132,7 +132,8 @@ int ListFormats()
 void AddLimits(CLI::App& command, CommandLine& line)
 {
     command.add_option("--time-limit", line.seconds, "Seconds that the job may take")->check(CLI::Range(1, 86400));
-    command.add_option("--memory-limit", line.megabytes, "Megabytes that the job may use")->check(CLI::Range(16, 1 << 20));
+    command.add_option("--memory-limit", line.megabytes, "Megabytes that the job may use")
+        ->check(CLI::Range(16, 1 << 20));
 }
 
 void AddConvert(CLI::App& app, CommandLine& line)

@@ -47,8 +47,7 @@ Outcome<fs::path> TargetFile::CreateTemporary(const fs::path& target)
     if (IsReadOnly(target)) {
         return CannotWrite(target, "the file that stands there is read-only");
     }
-    const fs::path temporary =
-        folder / (".~" + target.filename().string() + "." + std::to_string(getpid()) + ".tmp");
+    const fs::path temporary = folder / (".~" + target.filename().string() + "." + std::to_string(getpid()) + ".tmp");
     const int fd = open(temporary.c_str(), O_CREAT | O_TRUNC | O_WRONLY | O_CLOEXEC, 0666);
     if (fd < 0) {
         return CannotWrite(target, std::strerror(errno));

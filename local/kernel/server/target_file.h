@@ -17,8 +17,7 @@ class TargetFile
 
     TargetFile(std::filesystem::path target, std::filesystem::path temporary)
         : finalPath(std::move(target)), temporaryPath(std::move(temporary))
-    {
-    }
+    {}
     TargetFile(const TargetFile&) = delete;
     TargetFile& operator=(const TargetFile&) = delete;
 

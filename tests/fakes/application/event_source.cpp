@@ -57,8 +57,7 @@ class EventSource::Point final : public ComObject<IConnectionPoint>
 
 EventSource::EventSource(CallScript& callScript, std::vector<GUID> offeredInterfaces)
     : offered(std::move(offeredInterfaces)), state(std::make_shared<State>(State{callScript, {}, 0}))
-{
-}
+{}
 
 Result EventSource::Find(REFIID id, IConnectionPoint** point)
 {

@@ -36,15 +36,13 @@ class FakeFrame final : public ComObject<ITorvaneFrame>
 
 /// A frame of an application that has no window of its own to tell.
 class BareFrame final : public ComObject<IUnknown>
-{
-};
+{};
 
 } // namespace
 
 FakeApplication::FakeApplication(std::u16string revisionText)
     : events(script, {kInterfaceId<DTorvaneEvents>}), revision(std::move(revisionText))
-{
-}
+{}
 
 FakeApplication::~FakeApplication()
 {
@@ -234,8 +232,8 @@ std::vector<Result> FakeApplication::Fire(int32_t event)
 
 ComPtr<ITorvaneDocument> FakeApplication::DocumentBehind(const FakeDocument& document) const
 {
-    auto place = std::ranges::find_if(
-        documents, [&](const ComPtr<FakeDocument>& open) { return open.get() == &document; });
+    auto place =
+        std::ranges::find_if(documents, [&](const ComPtr<FakeDocument>& open) { return open.get() == &document; });
     if (place == documents.end() || ++place == documents.end()) {
         return nullptr;
     }

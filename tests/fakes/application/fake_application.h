@@ -1,5 +1,5 @@
-// A scripted simulator of the CAD application: documents, views, preferences and macros as a little world in memory, with
-// a log of the calls and a script of failures.
+// A scripted simulator of the CAD application: documents, views, preferences and macros as a little world in memory,
+// with a log of the calls and a script of failures.
 #pragma once
 
 #include "fakes/application/fake_document.h"

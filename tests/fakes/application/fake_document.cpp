@@ -65,8 +65,7 @@ class FakeItem final : public ComObject<ITorvaneViewItem>
   public:
     FakeItem(FakeDocument& document, size_t viewIndex, size_t itemIndex)
         : owner(ComPtr<FakeDocument>::Share(&document)), view(viewIndex), item(itemIndex)
-    {
-    }
+    {}
     Result TV_CALL GetText(BStr* text) override
     {
         *text = AllocateText(Item().text);
@@ -92,8 +91,7 @@ class FakeItem final : public ComObject<ITorvaneViewItem>
 };
 
 /// An array of objects, each in a variant.
-template <typename MakeElement>
-Variant MakeObjectArray(size_t count, MakeElement makeElement)
+template <typename MakeElement> Variant MakeObjectArray(size_t count, MakeElement makeElement)
 {
     SafeArray array = SafeArray::Vector(VT_VARIANT, static_cast<uint32_t>(count));
     {
@@ -111,8 +109,7 @@ class FakeDrawingView final : public ComObject<ITorvaneView>
   public:
     FakeDrawingView(FakeDocument& document, size_t viewIndex)
         : owner(ComPtr<FakeDocument>::Share(&document)), view(viewIndex)
-    {
-    }
+    {}
     Result TV_CALL GetItems(VARIANT* items) override
     {
         MakeObjectArray(owner->viewItems[view].size(), [&](size_t i) {
@@ -165,9 +162,9 @@ HRESULT FakeModelView::FindConnectionPoint(REFIID id, IConnectionPoint** point)
 }
 
 FakeDocument::FakeDocument(CallScript& callScript, int32_t documentType, std::u16string documentTitle)
-    : title(std::move(documentTitle)), events(callScript, EventsOf(documentType)), script(callScript), type(documentType)
-{
-}
+    : title(std::move(documentTitle)), events(callScript, EventsOf(documentType)), script(callScript),
+      type(documentType)
+{}
 
 HRESULT FakeDocument::QueryInterface(REFIID id, void** object)
 {

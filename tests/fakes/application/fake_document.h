@@ -31,8 +31,8 @@ struct FakeViewItem
     std::u16string linkedText;
 };
 
-/// An open document. Type 1 part, 2 assembly, 3 drawing; only a drawing offers ITorvaneDrawing. Any other type opens, too,
-/// and offers no events.
+/// An open document. Type 1 part, 2 assembly, 3 drawing; only a drawing offers ITorvaneDrawing. Any other type opens,
+/// too, and offers no events.
 class FakeDocument final : public ComObject<ITorvaneDocument, ITorvaneDrawing, IConnectionPointContainer>
 {
   public:

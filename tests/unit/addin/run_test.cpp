@@ -14,8 +14,7 @@ constexpr char16_t kAddInPath[] = u"Software\\Torvane\\AddInsStartup\\{A}";
 constexpr char16_t kLogPath[] = u"C:\\Vault\\Logs\\{11111111-2222-3333-4444-555555555555}.log";
 
 class RunTest : public AddInTest
-{
-};
+{};
 
 } // namespace
 

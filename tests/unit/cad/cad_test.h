@@ -19,8 +19,7 @@ constexpr Result Code(uint32_t value)
 }
 
 /// The code that a call raises, 0 when it raises none.
-template <typename Call>
-Result RaisedBy(Call&& call)
+template <typename Call> Result RaisedBy(Call&& call)
 {
     try {
         call();

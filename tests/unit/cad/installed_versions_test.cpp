@@ -161,8 +161,7 @@ TEST_F(InstalledVersionsTest, ABigEndianSettingHasItsHalvesExchangedAndStillForc
 {
     PutFolder(u"C:\\CAD");
     PutOffice(1);
-    machine.registry.PutValue(kCurrentUserRoot, kAddInKey, u"ForceRegressionMode",
-                              {kRegNumberBigEndian, {1, 0, 0, 0}});
+    machine.registry.PutValue(kCurrentUserRoot, kAddInKey, u"ForceRegressionMode", {kRegNumberBigEndian, {1, 0, 0, 0}});
     EXPECT_EQ(Command(2013).commandLine, u"C:\\CAD\\TORVANE.EXE /R");
 }
 
@@ -223,8 +222,7 @@ TEST_F(InstalledVersionsTest, AClassNameThatBeginsWithItsOnlyDotGivesNoYear)
 
 TEST_F(InstalledVersionsTest, WithoutAnyExecutableThereIsNoSwitchAndTheModeStays)
 {
-    const StartCommand command =
-        GetCommandLine(machine.registry, kLocalApplicationClass, {{}, true, 2013}, false);
+    const StartCommand command = GetCommandLine(machine.registry, kLocalApplicationClass, {{}, true, 2013}, false);
     EXPECT_EQ(command.commandLine, u"");
     EXPECT_TRUE(command.regressionMode);
 }

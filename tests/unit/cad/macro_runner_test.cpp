@@ -100,7 +100,9 @@ TEST_F(MacroRunnerTest, TwoFailuresAndASuccessAreTwoRestarts)
 
 TEST_F(MacroRunnerTest, ThreeFailuresAreRaisedWithTheThirdAndTheApplicationThatIsUpStays)
 {
-    onRun = [](FakeApplication&, int run) { return MacroResult{Code(0x80040000u + static_cast<uint32_t>(run)), false, 0}; };
+    onRun = [](FakeApplication&, int run) {
+        return MacroResult{Code(0x80040000u + static_cast<uint32_t>(run)), false, 0};
+    };
     ConfigureAndStart(1);
     EXPECT_EQ(Run(), Code(0x80040003));
     EXPECT_EQ(runs, 3);
@@ -201,7 +203,8 @@ TEST_F(MacroRunnerTest, TheWatchdogMeetsTheSchedulersDialogDuringTheMacro)
         if (run == 1) {
             const WindowHandle dialog =
                 machine.desktop.AddWindow(manager.ProcessId(), u"Welcome to Torvane Task Scheduler");
-            machine.desktop.OnPost([this, dialog](const fakes::PostedMessage&) { machine.desktop.CloseWindow(dialog); });
+            machine.desktop.OnPost(
+                [this, dialog](const fakes::PostedMessage&) { machine.desktop.CloseWindow(dialog); });
             machine.threads.RunWaiting();
         }
         return MacroResult{};

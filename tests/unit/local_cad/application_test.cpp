@@ -51,8 +51,7 @@ TEST(Application, ARefusedFormatIsNotAnnounced)
 TEST(Application, TheKernelGetsTheActiveConfiguration)
 {
     World world;
-    const auto document =
-        world.application.Open(u"C:\\Vault\\bracket.tvnprt", DocumentType::Part, true, u"").document;
+    const auto document = world.application.Open(u"C:\\Vault\\bracket.tvnprt", DocumentType::Part, true, u"").document;
     ASSERT_TRUE(document->Activate(u"long"));
     world.application.Save(*document, u"C:\\Vault\\out.step", {});
     ASSERT_EQ(world.geometry.saved.size(), 1u);

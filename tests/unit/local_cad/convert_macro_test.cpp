@@ -24,11 +24,17 @@ std::string ConvertMacro(std::map<std::string, std::string> values)
     bytes << file.rdbuf();
     std::string text = bytes.str();
     EXPECT_FALSE(text.empty());
-    const std::map<std::string, std::string> standard = {
-        {"[ErrorLogPath]", "\\Logs"}, {"<VaultPath>", "C:\\Vault"},    {"<TaskInstanceGuid>", "{guid}"},
-        {"[OutputPath]", "C:\\Out\\<Filename>_<Configuration>"},       {"[OutputPath2]", ""},
-        {"[OutputSheets]", "2"},      {"[OutputConfs]", "2"},          {"[FileSheets]", "4"},
-        {"[FileConfs]", "4"},         {"[NamedSheet]", "*"},           {"[NamedConf]", "*"}};
+    const std::map<std::string, std::string> standard = {{"[ErrorLogPath]", "\\Logs"},
+                                                         {"<VaultPath>", "C:\\Vault"},
+                                                         {"<TaskInstanceGuid>", "{guid}"},
+                                                         {"[OutputPath]", "C:\\Out\\<Filename>_<Configuration>"},
+                                                         {"[OutputPath2]", ""},
+                                                         {"[OutputSheets]", "2"},
+                                                         {"[OutputConfs]", "2"},
+                                                         {"[FileSheets]", "4"},
+                                                         {"[FileConfs]", "4"},
+                                                         {"[NamedSheet]", "*"},
+                                                         {"[NamedConf]", "*"}};
     values.insert(standard.begin(), standard.end());
     for (const auto& [name, value] : values) {
         ReplaceAll(text, name, value);
@@ -69,9 +75,8 @@ TEST(ConvertMacro, EachConfigurationOfAPartGetsAFile)
 TEST(ConvertMacro, ADrawingsSheetsGoIntoOnePdf)
 {
     World world;
-    const MacroOutcome outcome = world.RunText(ConvertMacro({{"<Filepath>", "C:\\Vault\\plan.tvndrw"},
-                                                             {"[FileFormat]", "Adobe PDF (*.pdf)"},
-                                                             {"[FileSheets]", "2"}}));
+    const MacroOutcome outcome = world.RunText(ConvertMacro(
+        {{"<Filepath>", "C:\\Vault\\plan.tvndrw"}, {"[FileFormat]", "Adobe PDF (*.pdf)"}, {"[FileSheets]", "2"}}));
     ASSERT_TRUE(outcome.succeeded) << outcome.message;
     ASSERT_EQ(Targets(world), (std::vector<std::string>{"C:\\Out\\plan_All.pdf"}));
     EXPECT_EQ(world.geometry.saved[0].items, (std::vector<std::string>{"Sheet1", "Sheet2"}));
@@ -80,11 +85,10 @@ TEST(ConvertMacro, ADrawingsSheetsGoIntoOnePdf)
 TEST(ConvertMacro, ASheetOfADrawingGetsAPdfOfItsOwn)
 {
     World world;
-    const MacroOutcome outcome = world.RunText(
-        ConvertMacro({{"<Filepath>", "C:\\Vault\\plan.tvndrw"}, {"[FileFormat]", "Adobe PDF (*.pdf)"}}));
+    const MacroOutcome outcome =
+        world.RunText(ConvertMacro({{"<Filepath>", "C:\\Vault\\plan.tvndrw"}, {"[FileFormat]", "Adobe PDF (*.pdf)"}}));
     ASSERT_TRUE(outcome.succeeded) << outcome.message;
-    EXPECT_EQ(Targets(world),
-              (std::vector<std::string>{"C:\\Out\\plan_Sheet1.pdf", "C:\\Out\\plan_Sheet2.pdf"}));
+    EXPECT_EQ(Targets(world), (std::vector<std::string>{"C:\\Out\\plan_Sheet1.pdf", "C:\\Out\\plan_Sheet2.pdf"}));
     EXPECT_EQ(world.geometry.saved[0].items, (std::vector<std::string>{"Sheet1"}));
 }
 
@@ -94,10 +98,9 @@ TEST(ConvertMacro, VirtualComponentsAreConvertedDepthFirst)
     const MacroOutcome outcome =
         world.RunText(ConvertMacro({{"<Filepath>", "C:\\Vault\\gearbox.tvnasm"}, {"[FileFormat]", "STEP (*.step)"}}));
     ASSERT_TRUE(outcome.succeeded) << outcome.message;
-    EXPECT_EQ(Targets(world),
-              (std::vector<std::string>{
-                  "C:\\Out\\gearbox_Default.step", "C:\\Out\\Cover-1^gearbox_Default.step",
-                  "C:\\Out\\Sub-1^gearbox_Default.step", "C:\\Out\\Pin-1^Sub-1^gearbox_Default.step"}));
+    EXPECT_EQ(Targets(world), (std::vector<std::string>{
+                                  "C:\\Out\\gearbox_Default.step", "C:\\Out\\Cover-1^gearbox_Default.step",
+                                  "C:\\Out\\Sub-1^gearbox_Default.step", "C:\\Out\\Pin-1^Sub-1^gearbox_Default.step"}));
 }
 
 TEST(ConvertMacro, ANeutralFileIsLoadedAndConverted)
@@ -107,8 +110,7 @@ TEST(ConvertMacro, ANeutralFileIsLoadedAndConverted)
                                                              {"[FileFormat]", "STL (*.stl)"},
                                                              {"[OutputPath2]", "C:\\Second\\<Filename>-<Extension>"}}));
     ASSERT_TRUE(outcome.succeeded) << outcome.message;
-    EXPECT_EQ(Targets(world),
-              (std::vector<std::string>{"C:\\Out\\screw_Default.stl", "C:\\Second\\screw-step.stl"}));
+    EXPECT_EQ(Targets(world), (std::vector<std::string>{"C:\\Out\\screw_Default.stl", "C:\\Second\\screw-step.stl"}));
 }
 
 TEST(ConvertMacro, ADamagedFileIsLoggedWithItsNameAndTheMacroEndsInOrder)
@@ -129,9 +131,8 @@ TEST(ConvertMacro, AFailedSaveIsLoggedWithItsTargetAndErrorCode)
 {
     World world;
     world.geometry.failures["C:\\Vault\\bracket.tvnprt"] = {kernel::ErrorCode::CannotWrite, "disk full"};
-    const MacroOutcome outcome = world.RunText(ConvertMacro({{"<Filepath>", "C:\\Vault\\bracket.tvnprt"},
-                                                             {"[FileFormat]", "STL (*.stl)"},
-                                                             {"[OutputConfs]", "4"}}));
+    const MacroOutcome outcome = world.RunText(ConvertMacro(
+        {{"<Filepath>", "C:\\Vault\\bracket.tvnprt"}, {"[FileFormat]", "STL (*.stl)"}, {"[OutputConfs]", "4"}}));
     EXPECT_TRUE(outcome.succeeded) << outcome.message;
     EXPECT_EQ(world.files.Bytes(u"C:\\Vault\\Logs\\{guid}.log"),
               "Method call ModelDocExtension::SaveAs for document 'C:\\Out\\bracket_Default.stl' and configuration "

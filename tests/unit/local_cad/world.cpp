@@ -12,7 +12,9 @@ namespace {
 class MemoryFile : public macro::File
 {
   public:
-    MemoryFile(std::shared_ptr<std::string> stored, bool atEnd) : bytes(std::move(stored)), at(atEnd ? bytes->size() : 0) {}
+    MemoryFile(std::shared_ptr<std::string> stored, bool atEnd)
+        : bytes(std::move(stored)), at(atEnd ? bytes->size() : 0)
+    {}
 
     size_t Read(std::span<char> out) override
     {

@@ -17,8 +17,7 @@ void ExpectDamaged(const std::string& file)
 
 /// Files of each neutral format that are cut off at a part of their length.
 class CutOff : public testing::TestWithParam<const char*>
-{
-};
+{};
 
 TEST_P(CutOff, IsRefusedByName)
 {
@@ -75,8 +74,8 @@ TEST(DamagedFiles, SomethingElseUnderANeutralExtensionIsRefused)
 
 TEST(DamagedFiles, AFileThatIsNotThereIsNamed)
 {
-    for (const char* file : {"/nowhere/a.step", "/nowhere/a.igs", "/nowhere/a.stl", "/nowhere/a.brep",
-                             "/nowhere/a.tvnprt"}) {
+    for (const char* file :
+         {"/nowhere/a.step", "/nowhere/a.igs", "/nowhere/a.stl", "/nowhere/a.brep", "/nowhere/a.tvnprt"}) {
         const auto result = Inspect(file);
         EXPECT_EQ(result.error().code, ErrorCode::FileNotFound) << file;
         EXPECT_EQ(result.error().message, "The file \"" + std::string(file) + "\" is not there.");

@@ -96,10 +96,9 @@ TEST(DocumentModel, EachSheetFormatHasItsStandardSize)
         double width;
         double height;
     } expected[] = {
-        {"A4", 210, 297},         {"A4 landscape", 297, 210}, {"A3", 420, 297},
-        {"A2", 594, 420},         {"A1", 841, 594},           {"A0", 1189, 841},
-        {"ANSI A", 279.4, 215.9}, {"ANSI B", 431.8, 279.4},   {"ANSI C", 558.8, 431.8},
-        {"ANSI D", 863.6, 558.8}, {"ANSI E", 1117.6, 863.6},
+        {"A4", 210, 297},         {"A4 landscape", 297, 210}, {"A3", 420, 297},          {"A2", 594, 420},
+        {"A1", 841, 594},         {"A0", 1189, 841},          {"ANSI A", 279.4, 215.9},  {"ANSI B", 431.8, 279.4},
+        {"ANSI C", 558.8, 431.8}, {"ANSI D", 863.6, 558.8},   {"ANSI E", 1117.6, 863.6},
     };
     ASSERT_EQ(std::size(kSheetFormats), std::size(expected));
     for (size_t i = 0; i < std::size(expected); i++) {

@@ -69,11 +69,11 @@ TEST(DocumentReader, ReadsEachKindOfFeature)
 TEST(DocumentReader, TheFirstConfigurationIsActiveUnlessTheDocumentSaysOtherwise)
 {
     const std::string box = R"([{"type": "box", "size": [1, 1, 1]}])";
-    const std::string both = R"("configurations": [{"name": "A", "features": )" + box +
-                             R"(}, {"name": "B", "features": )" + box + "}]}";
+    const std::string both =
+        R"("configurations": [{"name": "A", "features": )" + box + R"(}, {"name": "B", "features": )" + box + "}]}";
     EXPECT_EQ(ActiveItem(ReadDocument(R"({"format": "torvane-part", "version": 1, )" + both, "x")), "A");
-    EXPECT_EQ(ActiveItem(ReadDocument(
-                  R"({"format": "torvane-part", "version": 1, "activeConfiguration": "B", )" + both, "x")),
+    EXPECT_EQ(ActiveItem(
+                  ReadDocument(R"({"format": "torvane-part", "version": 1, "activeConfiguration": "B", )" + both, "x")),
               "B");
     EXPECT_EQ(Complaint(R"({"format": "torvane-part", "version": 1, "activeConfiguration": "C", )" + both),
               "a.json: /activeConfiguration: there is no \"C\"");
@@ -152,8 +152,7 @@ TEST(DocumentReader, EachMistakeIsNamedWithItsPlaceInTheDocument)
         {PartWith(R"({"type": "torus"})"),
          "/configurations/0/features/0/type: \"torus\" is not one of box, cylinder, cone, sphere, extrusion, import"},
         {PartWith(R"({"type": "sphere", "radius": "1"})"), "/configurations/0/features/0/radius: must be a number"},
-        {PartWith(R"({"type": "sphere", "radius": 0})"),
-         "/configurations/0/features/0/radius: must be greater than 0"},
+        {PartWith(R"({"type": "sphere", "radius": 0})"), "/configurations/0/features/0/radius: must be greater than 0"},
         {PartWith(R"({"type": "sphere", "radius": 2000000})"),
          "/configurations/0/features/0/radius: must lie between -1000000 and 1000000"},
         {PartWith(R"({"type": "sphere", "raduis": 1})"),
@@ -197,8 +196,7 @@ TEST(DocumentReader, EachMistakeIsNamedWithItsPlaceInTheDocument)
                       R"(, "configurations": [{"name": "C", "suppressed": ["B-1"]}])"),
          "/configurations/0/suppressed/0: there is no component \"B-1\""},
         {DrawingWith(R"({"name": "S"})"), "/sheets/0: must have either \"format\" or \"size\""},
-        {DrawingWith(R"({"name": "S", "format": "B5"})"),
-         "/sheets/0/format: \"B5\" is not a known sheet format"},
+        {DrawingWith(R"({"name": "S", "format": "B5"})"), "/sheets/0/format: \"B5\" is not a known sheet format"},
         {DrawingWith(R"({"name": "S", "size": [100, 6000]})"),
          "/sheets/0/size/1: a sheet can't be larger than 5000 mm"},
         {DrawingWith(sheet + R"({"model": "a.tvnprt", "projection": "above", "position": [0, 0]}]})"),

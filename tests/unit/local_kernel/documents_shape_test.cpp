@@ -63,7 +63,7 @@ TEST(Assemblies, HoldTheirComponentsAtTheirPlaces)
     const TemporaryFolder folder;
     folder.Write("cube.tvnprt", Cube(10));
     const auto result = Inspect(folder.Write("a.tvnasm", Assembly(
-        R"({"name": "Cube-1", "path": "cube.tvnprt"},
+                                                             R"({"name": "Cube-1", "path": "cube.tvnprt"},
            {"name": "Cube-2", "path": "cube.tvnprt", "placement": {"origin": [50, 0, 0]}},
            {"name": "Cube-3", "document": )" + Cube(1) + R"(, "placement": {"origin": [0, 0, 70]}})")));
     ASSERT_TRUE(result) << result.error().message;
@@ -79,8 +79,9 @@ TEST(Assemblies, PlacesAddUpThroughNestedAssemblies)
     const TemporaryFolder folder;
     const std::string inner =
         Assembly(R"({"name": "Pin-1", "document": )" + Cube(2) + R"(, "placement": {"origin": [10, 0, 0]}})");
-    const std::string file = folder.Write("a.tvnasm", Assembly(
-        R"({"name": "Sub-1", "document": )" + inner + R"(, "placement": {"origin": [0, 100, 0], "axis": [0, 0, 1],
+    const std::string file =
+        folder.Write("a.tvnasm", Assembly(R"({"name": "Sub-1", "document": )" + inner +
+                                          R"(, "placement": {"origin": [0, 100, 0], "axis": [0, 0, 1],
             "reference": [0, 1, 0]}})"));
     for (const char* extension : {".step", ".stl", ".brep"}) {
         ASSERT_TRUE(Convert(file, folder / ("a" + std::string(extension))));
@@ -123,8 +124,7 @@ TEST(Assemblies, AMissingComponentIsNamedWithItsAssembly)
 TEST(Assemblies, OneThatContainsItselfIsRefused)
 {
     const TemporaryFolder folder;
-    const auto result =
-        Inspect(folder.Write("a.tvnasm", Assembly(R"({"name": "A-1", "path": "a.tvnasm"})")));
+    const auto result = Inspect(folder.Write("a.tvnasm", Assembly(R"({"name": "A-1", "path": "a.tvnasm"})")));
     EXPECT_EQ(result.error().code, ErrorCode::Damaged);
     EXPECT_NE(result.error().message.find("contains itself"), std::string::npos);
 }
@@ -144,7 +144,7 @@ TEST(Imports, AStepFileCanBeJoinedAndCut)
     const TemporaryFolder folder;
     ASSERT_TRUE(Convert(folder.Write("c.tvnprt", Cube(10)), folder / "c.step"));
     const auto result = Inspect(folder.Write("a.tvnprt", PartText(
-        R"({"type": "import", "file": "c.step"},
+                                                             R"({"type": "import", "file": "c.step"},
            {"type": "box", "size": [10, 10, 5], "operation": "cut"})")));
     ASSERT_TRUE(result) << result.error().message;
     EXPECT_NEAR(result->volume, 500, 1e-4);
@@ -174,7 +174,7 @@ TEST(Documents, CutsThatLeaveNothingAreAnEmptyShape)
 {
     const TemporaryFolder folder;
     const auto result = Inspect(folder.Write("a.tvnprt", PartText(
-        R"({"type": "box", "size": [1, 1, 1]},
+                                                             R"({"type": "box", "size": [1, 1, 1]},
            {"type": "box", "size": [4, 4, 4], "operation": "cut", "placement": {"origin": [-1, -1, -1]}})")));
     ASSERT_FALSE(result);
     EXPECT_EQ(result.error().code, ErrorCode::EmptyShape);

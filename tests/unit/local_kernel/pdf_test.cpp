@@ -116,8 +116,8 @@ TEST(PdfFiles, AModelHasAPageForEachConfigurationWithNameConfigurationAndScale)
     ASSERT_TRUE(Save(job));
     EXPECT_EQ(PagesOf(job.target), 3);
     const std::string text = TextOf(job.target);
-    for (const char* expected : {"bracket", "Configuration: Long", "Configuration: Light", "Scale 1:1", "Sheet 3 of 3",
-                                 "S235JR"}) {
+    for (const char* expected :
+         {"bracket", "Configuration: Long", "Configuration: Light", "Scale 1:1", "Sheet 3 of 3", "S235JR"}) {
         EXPECT_NE(text.find(expected), std::string::npos) << expected;
     }
 }
@@ -154,7 +154,7 @@ TEST(HiddenEdges, AnEdgeBehindAFaceIsNotAmongTheVisibleOnes)
     // A bar stands behind a larger plate, seen from the front: nothing of it may be drawn solid.
     const TemporaryFolder folder;
     const std::string file = folder.Write("a.tvnprt", PartText(
-        R"({"type": "box", "size": [100, 10, 100]},
+                                                          R"({"type": "box", "size": [100, 10, 100]},
            {"type": "box", "size": [40, 10, 40], "placement": {"origin": [30, 10, 30]}})"));
     for (const Exactness exactness : {Exactness::Exact, Exactness::Fast}) {
         const Projected front = Project(ShapeOf(file), Projection::Front, exactness);
@@ -188,9 +188,9 @@ TEST(Projections, ShowTheSideThatTheyAreNamedAfter)
         double height;
         double low[2];
     } cases[] = {
-        {Projection::Front, 10, 30, {0, 0}},   {Projection::Back, 10, 30, {-10, 0}},
-        {Projection::Left, 20, 30, {-20, 0}},  {Projection::Right, 20, 30, {0, 0}},
-        {Projection::Top, 10, 20, {0, 0}},     {Projection::Bottom, 10, 20, {0, -20}},
+        {Projection::Front, 10, 30, {0, 0}},  {Projection::Back, 10, 30, {-10, 0}},
+        {Projection::Left, 20, 30, {-20, 0}}, {Projection::Right, 20, 30, {0, 0}},
+        {Projection::Top, 10, 20, {0, 0}},    {Projection::Bottom, 10, 20, {0, -20}},
     };
     for (const auto& [projection, width, height, low] : cases) {
         const Projected view = Project(ShapeOf(file), projection, Exactness::Exact);

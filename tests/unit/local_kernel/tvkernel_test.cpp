@@ -88,8 +88,9 @@ std::string LongJobText()
     std::string features = R"({"type": "box", "size": [900, 900, 10]})";
     for (int x = 0; x < 20; x++) {
         for (int y = 0; y < 20; y++) {
-            features += R"(, {"type": "cylinder", "radius": 9, "height": 20, "operation": "cut", "placement": {"origin": [)" +
-                        std::to_string(40 + 42 * x) + "," + std::to_string(40 + 42 * y) + ", -5]}}";
+            features +=
+                R"(, {"type": "cylinder", "radius": 9, "height": 20, "operation": "cut", "placement": {"origin": [)" +
+                std::to_string(40 + 42 * x) + "," + std::to_string(40 + 42 * y) + ", -5]}}";
         }
     }
     return PartText(features);

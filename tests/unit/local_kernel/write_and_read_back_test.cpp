@@ -21,22 +21,35 @@ struct Solid
 };
 
 const Solid kSolids[] = {
-    {"box", R"({"type": "box", "size": [10, 20, 30], "placement": {"origin": [1, 2, 3]}})", 6000,
-     {{1, 2, 3}, {11, 22, 33}}, 6},
+    {"box",
+     R"({"type": "box", "size": [10, 20, 30], "placement": {"origin": [1, 2, 3]}})",
+     6000,
+     {{1, 2, 3}, {11, 22, 33}},
+     6},
     {"cylinder", R"({"type": "cylinder", "radius": 5, "height": 12})", pi * 25 * 12, {{-5, -5, 0}, {5, 5, 12}}, 3},
-    {"cone", R"({"type": "cone", "bottomRadius": 6, "topRadius": 3, "height": 10})", pi * 10 / 3 * (36 + 18 + 9),
-     {{-6, -6, 0}, {6, 6, 10}}, 3},
+    {"cone",
+     R"({"type": "cone", "bottomRadius": 6, "topRadius": 3, "height": 10})",
+     pi * 10 / 3 * (36 + 18 + 9),
+     {{-6, -6, 0}, {6, 6, 10}},
+     3},
     {"sphere", R"({"type": "sphere", "radius": 7})", 4.0 / 3 * pi * 343, {{-7, -7, -7}, {7, 7, 7}}, 1},
-    {"prism", R"({"type": "extrusion", "polygon": [[0, 0], [8, 0], [0, 6]], "height": 5})", 120, {{0, 0, 0}, {8, 6, 5}},
+    {"prism",
+     R"({"type": "extrusion", "polygon": [[0, 0], [8, 0], [0, 6]], "height": 5})",
+     120,
+     {{0, 0, 0}, {8, 6, 5}},
      5},
     {"bored block",
      R"({"type": "box", "size": [40, 30, 20]},
         {"type": "cylinder", "radius": 6, "height": 22, "operation": "cut", "placement": {"origin": [20, 15, -1]}})",
-     24000 - pi * 36 * 20, {{0, 0, 0}, {40, 30, 20}}, 7},
+     24000 - pi * 36 * 20,
+     {{0, 0, 0}, {40, 30, 20}},
+     7},
     {"joined blocks",
      R"({"type": "box", "size": [10, 10, 10]},
         {"type": "box", "size": [10, 10, 10], "placement": {"origin": [5, 0, 0]}})",
-     1500, {{0, 0, 0}, {15, 10, 10}}, 6},
+     1500,
+     {{0, 0, 0}, {15, 10, 10}},
+     6},
 };
 
 void ExpectBox(const Box& box, const Box& expected, double tolerance)
@@ -55,8 +68,7 @@ struct Format
 };
 
 class WrittenAndReadBack : public testing::TestWithParam<Format>
-{
-};
+{};
 
 TEST_P(WrittenAndReadBack, VolumeAndBoxAgreeWithTheSource)
 {

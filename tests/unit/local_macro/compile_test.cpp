@@ -6,7 +6,10 @@ namespace tv::macro {
 
 namespace {
 
-std::string Problem1(std::string_view source) { return RunModule(source).FirstProblem(); }
+std::string Problem1(std::string_view source)
+{
+    return RunModule(source).FirstProblem();
+}
 
 } // namespace
 

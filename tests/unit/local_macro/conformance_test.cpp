@@ -28,8 +28,7 @@ std::vector<std::string> ConformanceFiles()
 }
 
 class Conformance : public testing::TestWithParam<std::string>
-{
-};
+{};
 
 } // namespace
 

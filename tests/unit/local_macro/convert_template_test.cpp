@@ -54,12 +54,11 @@ std::string TextOf(const Value& value)
 /// An object of the application: a class name, a way to answer, and the common call log.
 class FakeObject final : public Object
 {
-public:
+  public:
     using Answer = std::function<Value(const MemberName&, InvokeKind, Arguments&)>;
     FakeObject(FakeCad& world, std::u16string ownClass, Answer ownAnswer)
         : cad(world), className(std::move(ownClass)), answer(std::move(ownAnswer))
-    {
-    }
+    {}
 
     Value Invoke(const MemberName& name, InvokeKind kind, Arguments& arguments) override
     {
@@ -73,7 +72,7 @@ public:
     std::u16string ClassName() const override { return className; }
     bool IsKindOf(std::u16string_view) const override { return true; }
 
-private:
+  private:
     FakeCad& cad;
     std::u16string className;
     Answer answer;
@@ -81,14 +80,23 @@ private:
 
 class World
 {
-public:
+  public:
     World()
     {
-        const char* const names[] = {
-            "tvDocNONE", "tvDocPART", "tvDocASSEMBLY", "tvDocDRAWING", "tvSaveAsCurrentVersion",
-            "tvSaveAsOptions_Silent", "tvExportData_ExportSpecifiedSheets", "tvExportPdfData", "tvFutureVersion",
-            "tvZephrinSaveAsSelectionOption", "tvZephrinSaveActive", "tvZephrinSaveAll", "tvZephrinSaveSelected",
-            "tvZephrinSelectionList"};
+        const char* const names[] = {"tvDocNONE",
+                                     "tvDocPART",
+                                     "tvDocASSEMBLY",
+                                     "tvDocDRAWING",
+                                     "tvSaveAsCurrentVersion",
+                                     "tvSaveAsOptions_Silent",
+                                     "tvExportData_ExportSpecifiedSheets",
+                                     "tvExportPdfData",
+                                     "tvFutureVersion",
+                                     "tvZephrinSaveAsSelectionOption",
+                                     "tvZephrinSaveActive",
+                                     "tvZephrinSaveAll",
+                                     "tvZephrinSaveSelected",
+                                     "tvZephrinSelectionList"};
         const int32_t values[] = {0, 1, 2, 3, 0, 1, 2, 1, 8192, 70, 71, 72, 73, 74};
         for (size_t i = 0; i < std::size(names); ++i) {
             library.constants[FoldCase(Wide(names[i]))] = values[i];
@@ -126,12 +134,18 @@ public:
     ScriptResult Run(const std::string& path, std::map<std::string, std::string> values = {})
     {
         values["<Filepath>"] = path;
-        const std::map<std::string, std::string> standard = {
-            {"[ErrorLogPath]", "\\Logs"}, {"<VaultPath>", "C:\\Vault"},
-            {"<TaskInstanceGuid>", "{guid}"}, {"[OutputPath]", "C:\\Out\\<Filename>_<Configuration>"},
-            {"[OutputPath2]", ""}, {"[FileFormat]", "STL (*.stl)"}, {"[OutputSheets]", "2"},
-            {"[OutputConfs]", "2"}, {"[FileSheets]", "4"}, {"[FileConfs]", "4"},
-            {"[NamedSheet]", "*"}, {"[NamedConf]", "*"}};
+        const std::map<std::string, std::string> standard = {{"[ErrorLogPath]", "\\Logs"},
+                                                             {"<VaultPath>", "C:\\Vault"},
+                                                             {"<TaskInstanceGuid>", "{guid}"},
+                                                             {"[OutputPath]", "C:\\Out\\<Filename>_<Configuration>"},
+                                                             {"[OutputPath2]", ""},
+                                                             {"[FileFormat]", "STL (*.stl)"},
+                                                             {"[OutputSheets]", "2"},
+                                                             {"[OutputConfs]", "2"},
+                                                             {"[FileSheets]", "4"},
+                                                             {"[FileConfs]", "4"},
+                                                             {"[NamedSheet]", "*"},
+                                                             {"[NamedConf]", "*"}};
         values.insert(standard.begin(), standard.end());
         std::ifstream file(TV_TEMPLATES "/convert.bas", std::ios::binary);
         std::stringstream bytes;
@@ -170,7 +184,7 @@ public:
     ScriptHost host;
     ScriptLibrary library;
 
-private:
+  private:
     Ref<Object> MakeObject(std::u16string name, FakeObject::Answer answer)
     {
         return MakeRef<FakeObject>(cad, std::move(name), std::move(answer));
@@ -249,9 +263,8 @@ private:
                 return Value(MakeObject(u"Part", [this, document](const MemberName& inner, InvokeKind, Arguments&) {
                     std::u16string active = document.sheets.empty() ? document.configurations[0] : document.sheets[0];
                     return inner.Is(u"activeconfiguration")
-                               ? Value(MakeObject(u"Named", [active](const MemberName&, InvokeKind, Arguments&) {
-                                     return Value(active);
-                                 }))
+                               ? Value(MakeObject(u"Named", [active](const MemberName&, InvokeKind,
+                                                                     Arguments&) { return Value(active); }))
                                : Value(active);
                 }));
             }
@@ -275,8 +288,8 @@ private:
         }
         std::vector<Value> components;
         for (const auto& [path, isVirtual] : document.components) {
-            components.push_back(Value(MakeObject(
-                u"Component", [path, isVirtual](const MemberName& name, InvokeKind, Arguments&) {
+            components.push_back(
+                Value(MakeObject(u"Component", [path, isVirtual](const MemberName& name, InvokeKind, Arguments&) {
                     return name.Is(u"isvirtual") ? Value(bool{isVirtual}) : Value(path);
                 })));
         }
@@ -377,8 +390,7 @@ TEST(ConvertTemplate, ASelectionOfSheetsIsToldToZephrin)
                                      {"[OutputSheets]", "8"},
                                      {"[NamedSheet]", "On*"}});
     EXPECT_EQ(world.CallsOf("SetUserPreferenceIntegerValue 70"), "SetUserPreferenceIntegerValue 70, 73\n");
-    EXPECT_EQ(world.CallsOf("SetUserPreferenceStringListValue"),
-              "SetUserPreferenceStringListValue 74, One\nOnto\n");
+    EXPECT_EQ(world.CallsOf("SetUserPreferenceStringListValue"), "SetUserPreferenceStringListValue 74, One\nOnto\n");
     EXPECT_EQ(world.CallsOf("SaveAs"), "SaveAs C:\\Out\\plan_All.zdrw, 0, 1, Nothing, 0, 0\n");
 }
 
@@ -403,7 +415,10 @@ TEST(ConvertTemplate, VirtualComponentsFollowDepthFirst)
 {
     World world;
     world.cad.documents[u"C:\\V\\top.tvnasm"] = {
-        2, {u"Default"}, {}, {{u"C:\\T\\sub.tvnasm", true}, {u"C:\\V\\real.tvnprt", false}, {u"C:\\T\\v.tvnprt", true}}};
+        2,
+        {u"Default"},
+        {},
+        {{u"C:\\T\\sub.tvnasm", true}, {u"C:\\V\\real.tvnprt", false}, {u"C:\\T\\v.tvnprt", true}}};
     world.cad.documents[u"C:\\T\\sub.tvnasm"] = {2, {u"Default"}, {}, {{u"C:\\T\\deep.tvnprt", true}}};
     world.cad.documents[u"C:\\T\\deep.tvnprt"] = {};
     world.cad.documents[u"C:\\T\\v.tvnprt"] = {};
@@ -449,15 +464,16 @@ TEST(ConvertTemplate, MessagesForAFailedSave)
     world.cad.saves["C:\\Out\\p_B.stl"] = {false, 4096, 512};
     world.cad.saves["C:\\O2\\p_B.stl"] = {false, 3, 7};
     world.Run("C:\\V\\p.tvnprt", {{"[OutputPath2]", "C:\\O2\\<Filename>_<Configuration>"}});
-    EXPECT_EQ(world.Log(),
-              "The file 'C:\\V\\p.tvnprt' and configuration 'A' can't be converted to the file extension '.stl'.\r\n"
-              "Method call ModelDocExtension::SaveAs for document 'C:\\Out\\p_B.stl' and configuration 'B' failed. Error "
-              "code 4096 returned.\r\n"
-              "This document contains OLE objects. Such objects can't be converted outside of Torvane. Please open the "
-              "document and perform the conversion from Torvane.\r\n"
-              "Method call ModelDocExtension::SaveAs for document 'C:\\O2\\p_B.stl' and configuration 'B' failed. Error "
-              "code 3 returned.\r\n"
-              "warnings1 = 7\r\n");
+    EXPECT_EQ(
+        world.Log(),
+        "The file 'C:\\V\\p.tvnprt' and configuration 'A' can't be converted to the file extension '.stl'.\r\n"
+        "Method call ModelDocExtension::SaveAs for document 'C:\\Out\\p_B.stl' and configuration 'B' failed. Error "
+        "code 4096 returned.\r\n"
+        "This document contains OLE objects. Such objects can't be converted outside of Torvane. Please open the "
+        "document and perform the conversion from Torvane.\r\n"
+        "Method call ModelDocExtension::SaveAs for document 'C:\\O2\\p_B.stl' and configuration 'B' failed. Error "
+        "code 3 returned.\r\n"
+        "warnings1 = 7\r\n");
 }
 
 TEST(ConvertTemplate, MessagesForAPatternThatMatchesNothing)
@@ -481,8 +497,9 @@ TEST(ConvertTemplate, MessageForAFailedSaveOfAllInOne)
     world.cad.documents[u"C:\\V\\p.tvnprt"] = {};
     world.cad.saves["C:\\Out\\p_All.stl"] = {false, 1, 0};
     world.Run("C:\\V\\p.tvnprt", {{"[FileConfs]", "2"}});
-    EXPECT_EQ(world.Log(), "Method call ModelDocExtension::SaveAs for document 'C:\\Out\\p_All.stl' failed. Error code 1 "
-                           "returned.\r\n");
+    EXPECT_EQ(world.Log(),
+              "Method call ModelDocExtension::SaveAs for document 'C:\\Out\\p_All.stl' failed. Error code 1 "
+              "returned.\r\n");
 }
 
 TEST(ConvertTemplate, MessageForAnUnexpectedError)

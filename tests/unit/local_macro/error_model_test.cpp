@@ -65,9 +65,10 @@ TEST(ErrorModel, GoToZeroTakesTheHandlerAway)
 
 TEST(ErrorModel, GoToMinusOneMakesTheHandlerGuardAgain)
 {
-    EXPECT_EQ(RunLines("On Error GoTo First\nx = 1 / 0\nFirst:\nOn Error GoTo -1\nOn Error GoTo Second\nx = CLng(\"a\")\n"
-                       "Second:\nDebug.Print Err.Number"),
-              " 13 ");
+    EXPECT_EQ(
+        RunLines("On Error GoTo First\nx = 1 / 0\nFirst:\nOn Error GoTo -1\nOn Error GoTo Second\nx = CLng(\"a\")\n"
+                 "Second:\nDebug.Print Err.Number"),
+        " 13 ");
 }
 
 TEST(ErrorModel, EveryOnErrorClearsErr)
@@ -75,7 +76,10 @@ TEST(ErrorModel, EveryOnErrorClearsErr)
     EXPECT_EQ(RunLines("On Error Resume Next\nx = 1 / 0\nOn Error Resume Next\nDebug.Print Err.Number"), " 0 ");
 }
 
-TEST(ErrorModel, ResumeWithoutAnErrorIsErrorTwenty) { EXPECT_EQ(RunLines("Resume Next"), "error 20"); }
+TEST(ErrorModel, ResumeWithoutAnErrorIsErrorTwenty)
+{
+    EXPECT_EQ(RunLines("Resume Next"), "error 20");
+}
 
 TEST(ErrorModel, ALabelMayBeNamedWithItsColon)
 {
@@ -88,7 +92,8 @@ TEST(ErrorModel, RaiseCarriesNumberSourceAndDescription)
     EXPECT_EQ(RunLines("On Error Resume Next\nErr.Raise 1234, \"Me\", \"Words\"\n"
                        "Debug.Print Err; Err.Source; \" \"; Err.Description"),
               " 1234 Me Words");
-    EXPECT_EQ(RunLines("On Error Resume Next\nErr.Raise Number:=9, Description:=\"x\"\nDebug.Print Err.Description"), "x");
+    EXPECT_EQ(RunLines("On Error Resume Next\nErr.Raise Number:=9, Description:=\"x\"\nDebug.Print Err.Description"),
+              "x");
     EXPECT_EQ(RunLines("On Error Resume Next\nError 53\nDebug.Print Error$; Error(9)"),
               "File not foundSubscript out of range");
 }

@@ -25,9 +25,10 @@ TEST(Files, PrintGivesANumberASignOrBlankAndATrailingBlank)
 
 TEST(Files, PrintMovesToTheNextZoneAtAComma)
 {
-    EXPECT_EQ(FileAfter("Open \"C:\\out.txt\" For Output As 1\nPrint #1, \"ab\", \"c\"\nPrint #1, \"12345678901234\", 1\n"
-                        "Close"),
-              "ab            c\r\n12345678901234               1 \r\n");
+    EXPECT_EQ(
+        FileAfter("Open \"C:\\out.txt\" For Output As 1\nPrint #1, \"ab\", \"c\"\nPrint #1, \"12345678901234\", 1\n"
+                  "Close"),
+        "ab            c\r\n12345678901234               1 \r\n");
 }
 
 TEST(Files, ATrailingSemicolonKeepsTheLineOpen)
@@ -55,8 +56,9 @@ TEST(Files, ACharacterOutsideTheCodePageBecomesAQuestionMark)
 
 TEST(Files, WriteAndInputSpeakToEachOther)
 {
-    EXPECT_EQ(FileAfter("Open \"C:\\out.txt\" For Output As #1\nWrite #1, \"a,b\", 1.5, True, Null, #1/2/2020#\nClose #1"),
-              "\"a,b\",1.5,#TRUE#,#NULL#,#2020-01-02#\r\n");
+    EXPECT_EQ(
+        FileAfter("Open \"C:\\out.txt\" For Output As #1\nWrite #1, \"a,b\", 1.5, True, Null, #1/2/2020#\nClose #1"),
+        "\"a,b\",1.5,#TRUE#,#NULL#,#2020-01-02#\r\n");
     EXPECT_EQ(RunLines("Open \"C:\\out.txt\" For Output As #1\nWrite #1, \"a,b\", 1.5, True\nClose #1\n"
                        "Open \"C:\\out.txt\" For Input As #1\nInput #1, a, b, c\nDebug.Print a; b; c; EOF(1)"),
               "a,b 1.5 TrueTrue");
@@ -64,10 +66,11 @@ TEST(Files, WriteAndInputSpeakToEachOther)
 
 TEST(Files, LineInputReadsLineByLine)
 {
-    EXPECT_EQ(RunLines("f = FreeFile\nOpen \"C:\\t.txt\" For Output As f\nPrint #f, \"one\": Print #f, \"two\"\nClose f\n"
-                       "Open \"C:\\t.txt\" For Input As #f\nDebug.Print LOF(f)\nDo Until EOF(f)\nLine Input #f, s\n"
-                       "Debug.Print s\nLoop\nLine Input #f, s"),
-              " 10 \none\ntwo\nerror 62");
+    EXPECT_EQ(
+        RunLines("f = FreeFile\nOpen \"C:\\t.txt\" For Output As f\nPrint #f, \"one\": Print #f, \"two\"\nClose f\n"
+                 "Open \"C:\\t.txt\" For Input As #f\nDebug.Print LOF(f)\nDo Until EOF(f)\nLine Input #f, s\n"
+                 "Debug.Print s\nLoop\nLine Input #f, s"),
+        " 10 \none\ntwo\nerror 62");
 }
 
 TEST(Files, BinaryFilesKeepTheBytesOfValues)
@@ -101,13 +104,14 @@ TEST(Files, FoldersAreMadeListedAndRemoved)
 
 TEST(Files, TheFileSystemObjectSeesTheSameFiles)
 {
-    EXPECT_EQ(RunLines("Set fso = CreateObject(\"Scripting.FileSystemObject\")\n"
-                       "Set s = fso.CreateTextFile(\"C:\\t.txt\", True)\ns.WriteLine \"one\"\ns.Write \"two\"\ns.Close\n"
-                       "Debug.Print fso.FileExists(\"C:\\t.txt\"); fso.FolderExists(\"C:\\none\")\n"
-                       "Set s = fso.OpenTextFile(\"C:\\t.txt\")\nDo Until s.AtEndOfStream\nDebug.Print s.ReadLine\nLoop\n"
-                       "Debug.Print fso.GetBaseName(\"C:\\a\\b.c.d\"); fso.GetExtensionName(\"b.c.d\"); "
-                       "fso.GetParentFolderName(\"C:\\a\\b\"); fso.BuildPath(\"C:\\a\", \"b\")"),
-              "TrueFalse\none\ntwo\nb.cdC:\\aC:\\a\\b");
+    EXPECT_EQ(
+        RunLines("Set fso = CreateObject(\"Scripting.FileSystemObject\")\n"
+                 "Set s = fso.CreateTextFile(\"C:\\t.txt\", True)\ns.WriteLine \"one\"\ns.Write \"two\"\ns.Close\n"
+                 "Debug.Print fso.FileExists(\"C:\\t.txt\"); fso.FolderExists(\"C:\\none\")\n"
+                 "Set s = fso.OpenTextFile(\"C:\\t.txt\")\nDo Until s.AtEndOfStream\nDebug.Print s.ReadLine\nLoop\n"
+                 "Debug.Print fso.GetBaseName(\"C:\\a\\b.c.d\"); fso.GetExtensionName(\"b.c.d\"); "
+                 "fso.GetParentFolderName(\"C:\\a\\b\"); fso.BuildPath(\"C:\\a\", \"b\")"),
+        "TrueFalse\none\ntwo\nb.cdC:\\aC:\\a\\b");
 }
 
 } // namespace tv::macro

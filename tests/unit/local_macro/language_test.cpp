@@ -4,13 +4,34 @@
 
 namespace tv::macro {
 
-TEST(Operators, UnaryMinusBindsLooserThanPower) { EXPECT_EQ(Eval("-2^2"), "-4"); }
-TEST(Operators, PowerTakesANegativeExponent) { EXPECT_EQ(Eval("2^-1"), "0.5"); }
-TEST(Operators, IntegerDivisionBindsLooserThanMultiplication) { EXPECT_EQ(Eval("10 \\ 2 * 5"), "1"); }
-TEST(Operators, ModBindsLooserThanIntegerDivision) { EXPECT_EQ(Eval("17 Mod 9 \\ 2"), "1"); }
-TEST(Operators, JoiningBindsLooserThanAddition) { EXPECT_EQ(Eval("1 + 2 & 3 + 4"), "37"); }
-TEST(Operators, NotBindsLooserThanComparison) { EXPECT_EQ(Eval("Not 1 = 2"), "True"); }
-TEST(Operators, AndBindsTighterThanOr) { EXPECT_EQ(Eval("True Or False And False"), "True"); }
+TEST(Operators, UnaryMinusBindsLooserThanPower)
+{
+    EXPECT_EQ(Eval("-2^2"), "-4");
+}
+TEST(Operators, PowerTakesANegativeExponent)
+{
+    EXPECT_EQ(Eval("2^-1"), "0.5");
+}
+TEST(Operators, IntegerDivisionBindsLooserThanMultiplication)
+{
+    EXPECT_EQ(Eval("10 \\ 2 * 5"), "1");
+}
+TEST(Operators, ModBindsLooserThanIntegerDivision)
+{
+    EXPECT_EQ(Eval("17 Mod 9 \\ 2"), "1");
+}
+TEST(Operators, JoiningBindsLooserThanAddition)
+{
+    EXPECT_EQ(Eval("1 + 2 & 3 + 4"), "37");
+}
+TEST(Operators, NotBindsLooserThanComparison)
+{
+    EXPECT_EQ(Eval("Not 1 = 2"), "True");
+}
+TEST(Operators, AndBindsTighterThanOr)
+{
+    EXPECT_EQ(Eval("True Or False And False"), "True");
+}
 TEST(Operators, XorEqvAndImpFollowOr)
 {
     EXPECT_EQ(Eval("True Xor True Or True"), "False");
@@ -121,7 +142,10 @@ TEST(Values, OnlyTheLastNameOfADimListGetsItsType)
     EXPECT_EQ(RunLines("Dim a, b As Long\nDebug.Print TypeName(a); TypeName(b)"), "EmptyLong");
 }
 
-TEST(Values, TrueIsMinusOne) { EXPECT_EQ(Eval("True + 0"), "-1"); }
+TEST(Values, TrueIsMinusOne)
+{
+    EXPECT_EQ(Eval("True + 0"), "-1");
+}
 
 TEST(Values, TheSubtypesHaveTheirNames)
 {
@@ -169,7 +193,10 @@ TEST(Arrays, AssignmentCopies)
     EXPECT_EQ(RunLines("a = Array(1, 2)\nb = a\nb(0) = 9\nDebug.Print a(0); b(0)"), " 1  9 ");
 }
 
-TEST(Arrays, SplittingNothingGivesNoElements) { EXPECT_EQ(Eval("UBound(Split(\"\"))"), "-1"); }
+TEST(Arrays, SplittingNothingGivesNoElements)
+{
+    EXPECT_EQ(Eval("UBound(Split(\"\"))"), "-1");
+}
 
 TEST(Arrays, ReDimPreserveKeepsTheElements)
 {
@@ -338,11 +365,12 @@ TEST(Patterns, LikeKnowsItsSigns)
 
 TEST(Patterns, OptionCompareTextGovernsEqualsLikeAndInStrOnly)
 {
-    EXPECT_EQ(RunModule("Option Compare Text\nSub main()\n"
-                        "Debug.Print \"A\" = \"a\"; \"A\" Like \"a\"; InStr(\"xA\", \"a\"); Replace(\"A\", \"a\", \"b\")\n"
-                        "Debug.Print UBound(Split(\"1a2\", \"A\"))\nEnd Sub")
-                  .Output(),
-              "TrueTrue 2 A\n 0 ");
+    EXPECT_EQ(
+        RunModule("Option Compare Text\nSub main()\n"
+                  "Debug.Print \"A\" = \"a\"; \"A\" Like \"a\"; InStr(\"xA\", \"a\"); Replace(\"A\", \"a\", \"b\")\n"
+                  "Debug.Print UBound(Split(\"1a2\", \"A\"))\nEnd Sub")
+            .Output(),
+        "TrueTrue 2 A\n 0 ");
 }
 
 } // namespace tv::macro

@@ -15,9 +15,9 @@ TEST(Limits, EndlessRecursionIsOutOfStackSpace)
 
 TEST(Limits, ARecursionThatFailsCanBeCaught)
 {
-    EXPECT_EQ(RunModule("Sub a()\na\nEnd Sub\nSub main()\nOn Error Resume Next\na\nDebug.Print Err.Number\nEnd Sub")
-                  .Output(),
-              " 28 ");
+    EXPECT_EQ(
+        RunModule("Sub a()\na\nEnd Sub\nSub main()\nOn Error Resume Next\na\nDebug.Print Err.Number\nEnd Sub").Output(),
+        " 28 ");
 }
 
 TEST(Limits, TooMuchMemoryIsErrorSeven)
@@ -28,9 +28,9 @@ TEST(Limits, TooMuchMemoryIsErrorSeven)
     EXPECT_EQ(RunModule("Sub main()\ns = \"x\"\nDo\ns = s & s\nLoop\nEnd Sub", host, nullptr, limits).run.number, 7);
     EXPECT_EQ(RunModule("Sub main()\nDim a(100000000) As Long\nEnd Sub", host, nullptr, limits).run.number, 7);
     EXPECT_EQ(RunModule("Sub main()\ns = String(2000000000, \"x\")\nEnd Sub", host, nullptr, limits).run.number, 7);
-    EXPECT_EQ(RunModule("Sub main()\nSet c = New Collection\nDo\nc.Add 1\nLoop\nEnd Sub", host, nullptr, limits)
-                  .run.number,
-              7);
+    EXPECT_EQ(
+        RunModule("Sub main()\nSet c = New Collection\nDo\nc.Add 1\nLoop\nEnd Sub", host, nullptr, limits).run.number,
+        7);
 }
 
 TEST(Limits, TheRunTimeLimitEndsTheRunPastEveryHandler)
@@ -38,8 +38,7 @@ TEST(Limits, TheRunTimeLimitEndsTheRunPastEveryHandler)
     ScriptHost host;
     Limits limits;
     limits.runTime = std::chrono::milliseconds(20);
-    ScriptResult result =
-        RunModule("Sub main()\nOn Error Resume Next\nDo\nLoop\nEnd Sub", host, nullptr, limits);
+    ScriptResult result = RunModule("Sub main()\nOn Error Resume Next\nDo\nLoop\nEnd Sub", host, nullptr, limits);
     EXPECT_EQ(result.run.outcome, Outcome::TimeLimit);
 }
 

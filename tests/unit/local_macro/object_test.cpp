@@ -9,14 +9,15 @@ namespace {
 /// An object that writes down how it is used.
 class Recorder final : public Object
 {
-public:
+  public:
     Value Invoke(const MemberName& name, InvokeKind kind, Arguments& arguments) override
     {
         std::string line = kind == InvokeKind::Get ? "get " : kind == InvokeKind::Let ? "let " : "set ";
         line += Narrow(name.text);
         for (size_t i = 0; i < arguments.Count(); ++i) {
-            line += (i == 0 ? "(" : ",") + (arguments.Has(i) ? Narrow(arguments[i].IsObject() ? u"obj" : arguments[i].ToText())
-                                                            : std::string("-"));
+            line += (i == 0 ? "(" : ",") + (arguments.Has(i)
+                                                ? Narrow(arguments[i].IsObject() ? u"obj" : arguments[i].ToText())
+                                                : std::string("-"));
         }
         for (const MemberName& given : arguments.Names()) {
             line += "," + Narrow(given.text);
@@ -139,8 +140,9 @@ TEST(Objects, NothingHasNoMembers)
 TEST(Objects, ATypedVariableTakesItsClassOnly)
 {
     World world;
-    world.Run("Dim m As Torvane.ModelDoc2\nSet m = Application\nDebug.Print m Is Application\n"
-              "Debug.Print TypeOf m Is ModelDoc2; TypeOf m Is DrawingDoc\nDim d As Torvane.DrawingDoc\nSet d = Application");
+    world.Run(
+        "Dim m As Torvane.ModelDoc2\nSet m = Application\nDebug.Print m Is Application\n"
+        "Debug.Print TypeOf m Is ModelDoc2; TypeOf m Is DrawingDoc\nDim d As Torvane.DrawingDoc\nSet d = Application");
     EXPECT_EQ(world.result.Output(), "True\nTrueFalse");
     EXPECT_EQ(world.result.run.number, 13);
 }
@@ -178,7 +180,10 @@ TEST(Objects, ADictionaryFindsByKey)
               " 2  1 twoFalse 1 \na\n 2 \nFalse\nerror 457");
 }
 
-TEST(Objects, AnUnknownClassIsError429) { EXPECT_EQ(RunLines("Set x = CreateObject(\"No.Such\")"), "error 429"); }
+TEST(Objects, AnUnknownClassIsError429)
+{
+    EXPECT_EQ(RunLines("Set x = CreateObject(\"No.Such\")"), "error 429");
+}
 
 TEST(DeclaredFunctions, AreFoundInTheHostsTable)
 {
@@ -189,10 +194,11 @@ TEST(DeclaredFunctions, AreFoundInTheHostsTable)
         arguments.Assign(1, Value(int32_t{7}));
         return Value(int32_t{1});
     };
-    ScriptResult result = RunModule("Private Declare PtrSafe Function Check Lib \"shlwapi.dll\" Alias \"PathIsRelativeA\" "
-                                    "(ByVal p As String, n As Long) As Long\n"
-                                    "Sub main()\nDim n As Long\nDebug.Print Check(\"a\\b\", n); n\nEnd Sub",
-                                    host);
+    ScriptResult result =
+        RunModule("Private Declare PtrSafe Function Check Lib \"shlwapi.dll\" Alias \"PathIsRelativeA\" "
+                  "(ByVal p As String, n As Long) As Long\n"
+                  "Sub main()\nDim n As Long\nDebug.Print Check(\"a\\b\", n); n\nEnd Sub",
+                  host);
     EXPECT_EQ(result.Output(), " 1  7 ");
     EXPECT_EQ(seen, "a\\b");
 }

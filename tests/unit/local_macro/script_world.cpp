@@ -20,7 +20,10 @@ std::string Narrow(std::u16string_view text)
     return bytes;
 }
 
-Value ScriptHost::Global(std::u16string_view name) { return globals.at(std::u16string(name)); }
+Value ScriptHost::Global(std::u16string_view name)
+{
+    return globals.at(std::u16string(name));
+}
 
 Ref<Object> ScriptHost::CreateObject(std::u16string_view progId)
 {

@@ -16,7 +16,7 @@ std::string Narrow(std::u16string_view text);
 /// A host in memory: files, a clock that stands, and what the macro printed.
 class ScriptHost : public Host
 {
-public:
+  public:
     Value Global(std::u16string_view name) override;
     Ref<Object> CreateObject(std::u16string_view progId) override;
     const ExternalFunction* FindFunction(std::u16string_view library, std::u16string_view entry) override;
@@ -37,7 +37,7 @@ public:
 /// A library whose constants, types and globals a test names.
 class ScriptLibrary : public Library
 {
-public:
+  public:
     std::optional<Value> Constant(std::u16string_view name) const override;
     bool HasGlobal(std::u16string_view name) const override { return globals.contains(std::u16string(name)); }
     bool HasLibrary(std::u16string_view name) const override { return name == u"torvane"; }

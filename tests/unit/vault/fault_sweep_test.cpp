@@ -102,8 +102,8 @@ TEST(FaultSweep, EveryFailingVaultCallEndsInADocumentedResult)
                 break;
             }
             // A file that couldn't be found counts as new, so its check-in may be refused: nobody checked it out.
-            const bool documented = run.Outcome() == 0 || run.Outcome() == E_ACCESSDENIED ||
-                                    run.Outcome() == fakes::kVaultNotLockedByYou;
+            const bool documented =
+                run.Outcome() == 0 || run.Outcome() == E_ACCESSDENIED || run.Outcome() == fakes::kVaultNotLockedByYou;
             EXPECT_TRUE(documented) << n << ": " << run.Outcome();
             EXPECT_FALSE(HoldsAPathTwice(run.Outputs())) << n;
         }
