@@ -4,6 +4,7 @@
 #include "platform/clock_service.h"
 #include "platform/desktop_service.h"
 #include "platform/file_service.h"
+#include "platform/installed_products_service.h"
 #include "platform/module_service.h"
 #include "platform/pipe_service.h"
 #include "platform/process_service.h"
@@ -25,6 +26,7 @@ struct Platform
     PipeService& pipes;
     ThreadService& threads;
     ModuleService& module;
+    InstalledProductsService& products;
 };
 
 } // namespace tv

@@ -5,6 +5,7 @@
 #include "platform/win32/clock.h"
 #include "platform/win32/desktop.h"
 #include "platform/win32/files.h"
+#include "platform/win32/installed_products.h"
 #include "platform/win32/module.h"
 #include "platform/win32/pipes.h"
 #include "platform/win32/processes.h"
@@ -35,7 +36,9 @@ class Win32Platform
     Win32Pipes pipes;
     Win32Threads threads;
     Win32Module module;
-    Platform services{registry, files, processes, runningObjects, desktop, clock, pipes, threads, module};
+    Win32InstalledProducts products;
+    Platform services{registry, files,   processes, runningObjects, desktop,
+                      clock,    pipes,   threads,   module,         products};
 };
 
 } // namespace tv::win32

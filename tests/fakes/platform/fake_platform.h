@@ -5,6 +5,7 @@
 #include "fakes/platform/fake_clock.h"
 #include "fakes/platform/fake_desktop.h"
 #include "fakes/platform/fake_files.h"
+#include "fakes/platform/fake_installed_products.h"
 #include "fakes/platform/fake_module.h"
 #include "fakes/platform/fake_pipes.h"
 #include "fakes/platform/fake_processes.h"
@@ -34,7 +35,8 @@ struct FakePlatform
     FakePipes pipes{log};
     FakeThreads threads{log};
     FakeModule module{log};
-    Platform platform{registry, files, processes, runningObjects, desktop, clock, pipes, threads, module};
+    FakeInstalledProducts products{log};
+    Platform platform{registry, files, processes, runningObjects, desktop, clock, pipes, threads, module, products};
 };
 
 } // namespace tv::fakes

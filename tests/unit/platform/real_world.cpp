@@ -149,6 +149,11 @@ void RealWorld::Register(std::u16string_view name, IUnknown* object)
     registrations.push_back(registration);
 }
 
+std::u16string RealWorld::InstallProduct(std::u16string_view name)
+{
+    return products.Add(name);
+}
+
 /// Played by a second process of this program.
 TEST(Child, DISABLED_Sleeps)
 {

@@ -1,6 +1,7 @@
 // RealWorld: the machine that the tests run on, and a place of their own in it that is cleaned up afterwards.
 #pragma once
 
+#include "installer_entries.h"
 #include "platform/win32/win32_platform.h"
 
 #include <string>
@@ -33,6 +34,8 @@ class RealWorld
     void CloseWindow(WindowHandle window);
     uint32_t OwnProcess() const;
     void Register(std::u16string_view name, IUnknown* object);
+    /// Enters a product into the installer's lists; returns its code, empty when this user may not.
+    std::u16string InstallProduct(std::u16string_view name);
     void UseRealThreads() {}
 
   private:
@@ -40,6 +43,7 @@ class RealWorld
     std::u16string folder;
     std::thread server;
     std::vector<uint32_t> registrations;
+    InstallerEntries products;
 };
 
 } // namespace tv

@@ -46,6 +46,8 @@ class FakeWorld
     {
         machine.runningObjects.Register(name, ComPtr<IUnknown>::Share(object));
     }
+    /// Installs a product of this name; returns its code, empty when this user may not.
+    std::u16string InstallProduct(std::u16string_view name) { return machine.products.Add(std::u16string(name)); }
     void UseRealThreads() { machine.threads.SetMode(fakes::ThreadMode::Real); }
 
   private:
