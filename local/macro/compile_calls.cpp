@@ -282,6 +282,7 @@ int32_t Compiler::EmitLateArguments(const std::vector<ArgumentSyntax>& arguments
         } else {
             // Variables travel by reference, so that a method can give something back through them.
             EmitAddress(*argument.value);
+            NoteHandedToMember(*argument.value);
         }
     }
     if (names.empty()) {

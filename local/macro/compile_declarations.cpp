@@ -280,6 +280,7 @@ int32_t Compiler::AddShape(Shape shape)
 void Compiler::CompileProcedure(size_t index)
 {
     const ProcedureSyntax& declared = syntax.procedures[index];
+    const size_t firstUndeclared = undeclared.size();
     Scope current;
     current.syntax = &declared;
     // Calls compile against the other procedures' parameters, so this one is built aside.
@@ -319,6 +320,7 @@ void Compiler::CompileProcedure(size_t index)
     Emit(Op::Return);
     FinishStatement();
     FinishProcedure();
+    FindSimilarNames(firstUndeclared);
     scope = nullptr;
 }
 
@@ -377,19 +379,6 @@ CompileResult Compile(std::u16string_view source, const CompileOptions& options)
         result.module = nullptr;
     }
     return result;
-}
-
-std::vector<Problem> UndeclaredNames(std::u16string_view source, const CompileOptions& options)
-{
-    try {
-        ModuleSyntax tree = Parser(Tokenize(source, options)).ParseModule();
-        tree.optionExplicit = false;
-        Compiler compiler(tree, options);
-        compiler.Run();
-        return std::move(compiler.undeclared);
-    } catch (const CompileFailure&) {
-        return {};
-    }
 }
 
 Value MakeInitial(const Module& module, const Shape& shape)

@@ -211,13 +211,14 @@ const Variable& Compiler::VariableOrImplicit(const Expression& name)
     if (syntax.optionExplicit) {
         Fail(name.at, u"Variable not defined: " + name.name);
     }
-    undeclared.push_back(Problem{name.at.line, name.at.column, name.name});
+    undeclared.push_back(UndeclaredVariable{name.name, name.at.line, name.at.column, 0, 0, 0, 0, {}});
     constexpr std::u16string_view kSuffixes = u"%&!#@$";
     constexpr Type kSuffixTypes[] = {Type::Integer, Type::Long, Type::Single, Type::Double, Type::Currency, Type::String};
     size_t suffix = name.suffix == 0 ? std::u16string_view::npos : kSuffixes.find(name.suffix);
     Variable variable;
     variable.type.type = suffix == std::u16string_view::npos ? Type::Variant : kSuffixTypes[suffix];
     variable.slot = NewSlot(InitialValue(variable.type.type));
+    variable.undeclared = static_cast<int32_t>(undeclared.size()) - 1;
     return scope->variables.emplace(folded, variable).first->second;
 }
 
@@ -261,6 +262,9 @@ Type Compiler::EmitValue(const Expression& expression)
 
 Type Compiler::EmitLoad(const Variable& variable)
 {
+    if (UndeclaredVariable* uses = UsesOf(variable)) {
+        ++uses->reads;
+    }
     if (variable.type.isNew) {
         Emit(Op::EnsureNew, AddName(variable.type.className), static_cast<uint16_t>(variable.slot),
              static_cast<uint8_t>(variable.place));
@@ -272,6 +276,9 @@ Type Compiler::EmitLoad(const Variable& variable)
 
 void Compiler::EmitStore(const Variable& variable, bool raw)
 {
+    if (UndeclaredVariable* uses = UsesOf(variable)) {
+        ++uses->assignments;
+    }
     if (variable.type.fixedLength >= 0 && !variable.isArray) {
         Emit(Op::Push, AddConstant(Value(variable.type.fixedLength)));
         EmitInternal(u"#fit", 2);
@@ -495,6 +502,9 @@ Type Compiler::EmitIndexedName(const Expression& expression)
     if (!variable.isArray && variable.type.type != Type::Variant) {
         Fail(base.at, u"Expected: array");
     }
+    if (UndeclaredVariable* uses = UsesOf(variable)) {
+        ++uses->reads;
+    }
     EmitIndices(expression.arguments, expression.at);
     Emit(Op::IndexVariable, variable.slot, static_cast<uint16_t>(expression.arguments.size()),
          static_cast<uint8_t>(variable.place));
@@ -532,6 +542,9 @@ Type Compiler::EmitIndex(const Expression& expression)
 
 Compiler::AddressResult Compiler::EmitVariableAddress(const Variable& variable)
 {
+    if (UndeclaredVariable* uses = UsesOf(variable)) {
+        ++uses->handedToProcedures;
+    }
     if (variable.type.isNew) {
         Emit(Op::EnsureNew, AddName(variable.type.className), static_cast<uint16_t>(variable.slot),
              static_cast<uint8_t>(variable.place));

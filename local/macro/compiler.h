@@ -28,6 +28,8 @@ struct Variable
     int32_t slot = 0;
     ResolvedType type;
     bool isArray = false;
+    /// Place among the compiler's undeclared variables, or -1.
+    int32_t undeclared = -1;
 };
 
 /// Turns a syntax tree into a Module: looks up every name and writes the instructions.
@@ -40,8 +42,8 @@ public:
     std::shared_ptr<const Module> Run();
 
     std::vector<Problem> problems;
-    /// Names that were used without a declaration, when the module allows it.
-    std::vector<Problem> undeclared;
+    /// Variables that were used without a declaration, when the module allows it.
+    std::vector<UndeclaredVariable> undeclared;
 
 private:
     // What a name at module level stands for.
@@ -271,6 +273,11 @@ private:
     bool IsKnownName(const std::u16string& folded) const;
     bool IsQualifier(const std::u16string& folded) const;
     const Variable& VariableOrImplicit(const Expression& name);
+    /// The uses of a variable that nothing declares; null for one that is declared.
+    UndeclaredVariable* UsesOf(const Variable& variable);
+    void NoteHandedToMember(const Expression& argument);
+    /// Looks, when a procedure has been compiled, for what its undeclared variables may have been meant to be.
+    void FindSimilarNames(size_t firstUndeclared);
 
     const ModuleSyntax& syntax;
     const CompileOptions& options;

@@ -47,8 +47,30 @@ struct CompileResult
 
 CompileResult Compile(std::u16string_view source, const CompileOptions& options = {});
 
-/// Names that a macro uses without declaring them, in the order of their first use.
-std::vector<Problem> UndeclaredNames(std::u16string_view source, const CompileOptions& options = {});
+/// A variable that a procedure uses without declaring it.
+struct UndeclaredVariable
+{
+    std::u16string name;
+    /// Its first use, counted from 1.
+    int line = 0;
+    int column = 0;
+    /// How often its value is read, a value is assigned to it, and it is handed over so that another may assign to it.
+    int reads = 0;
+    int assignments = 0;
+    int handedToProcedures = 0;
+    int handedToMembers = 0;
+    /// A name that is declared where it is used and differs from it by one slip of the hand, as it is declared; empty
+    /// when there is none.
+    std::u16string similarName;
+};
+
+/// The variables that a macro uses without declaring them, in the order of their first use. Empty for a text that can't
+/// be parsed.
+std::vector<UndeclaredVariable> UndeclaredVariables(std::u16string_view source, const CompileOptions& options = {});
+
+/// Whether one name could be the other with one letter left out, added, changed or swapped with its neighbour; in a
+/// name of eight letters or more it may be two. Names that differ in digits or in a plural's s alone are two names.
+bool LooksMisspelled(std::u16string_view name, std::u16string_view meant);
 
 struct Limits
 {

@@ -93,15 +93,6 @@ TEST(Compiling, SeveralProblemsAreTold)
     EXPECT_EQ(result.problems.size(), 2U);
 }
 
-TEST(Compiling, UndeclaredNamesAreListedOnce)
-{
-    std::vector<Problem> names = UndeclaredNames(u"Sub main()\nDim a\na = b + b\nc = 1\nEnd Sub");
-    ASSERT_EQ(names.size(), 2U);
-    EXPECT_EQ(names[0].message, u"b");
-    EXPECT_EQ(names[1].message, u"c");
-    EXPECT_EQ(names[1].line, 4);
-}
-
 TEST(Compiling, AJoinedTextOfThousandsOfTermsCompilesAndRuns)
 {
     std::string source = "Sub main()\ns = \"\"";
