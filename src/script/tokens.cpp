@@ -1,6 +1,7 @@
 #include "script/tokens.h"
 
 #include "script/literal.h"
+#include "support/text_replace.h"
 
 #include <algorithm>
 
@@ -25,24 +26,11 @@ Replacements EncodeAll(const TokenValues& values)
     return replacements;
 }
 
-std::u16string ReplaceToken(std::u16string_view text, std::u16string_view token, std::u16string_view value)
-{
-    std::u16string replaced;
-    size_t done = 0;
-    for (size_t found = text.find(token); found != std::u16string_view::npos; found = text.find(token, done)) {
-        replaced += text.substr(done, found - done);
-        replaced += value;
-        done = found + token.size();
-    }
-    replaced += text.substr(done);
-    return replaced;
-}
-
 std::u16string ReplaceInTurn(std::u16string_view text, const Replacements& replacements)
 {
     std::u16string expanded(text);
     for (size_t i = 0; i < kTokenCount; ++i) {
-        expanded = ReplaceToken(expanded, kTokens[i].text, replacements[i]);
+        expanded = ReplaceAll(expanded, kTokens[i].text, replacements[i]);
     }
     return expanded;
 }

@@ -3,6 +3,7 @@
 #include "com/result.h"
 #include "support/format.h"
 #include "support/numbers.h"
+#include "support/text_replace.h"
 
 namespace tv {
 
@@ -12,22 +13,6 @@ constexpr int32_t kInvalidDateString = 55296;
 constexpr std::u16string_view kLineEnd = u"\r\n";
 /// A line end inside a string literal becomes a concatenation.
 constexpr std::u16string_view kLineEndInLiteral = u"\"+vbLf+\"";
-
-/// Replaces every occurrence; an empty text to replace occurs nowhere.
-std::u16string ReplaceAll(std::u16string_view text, std::u16string_view from, std::u16string_view to)
-{
-    std::u16string replaced;
-    size_t done = 0;
-    if (!from.empty()) {
-        for (size_t found = text.find(from); found != std::u16string_view::npos; found = text.find(from, done)) {
-            replaced += text.substr(done, found - done);
-            replaced += to;
-            done = found + from.size();
-        }
-    }
-    replaced += text.substr(done);
-    return replaced;
-}
 
 std::u16string_view WithoutLeading(std::u16string_view text, char16_t unit)
 {

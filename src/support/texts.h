@@ -15,4 +15,10 @@ namespace tv {
 const char16_t* TSS_internal(uint32_t key, const char16_t* prefix, const char16_t* section,
                              const char16_t* defaultText);
 
+/// A text of the add-in's own section.
+inline const char16_t* AddInText(uint32_t key, const char16_t* defaultText)
+{
+    return TSS_internal(key, u"TS", u"TVTaskAddIn", defaultText);
+}
+
 } // namespace tv
