@@ -1,5 +1,7 @@
 #include "script/script_resource.h"
 
+#include "support/texts.h"
+
 #include <iterator>
 #include <string_view>
 
@@ -32,6 +34,11 @@ std::u16string_view TextOf(ResourceFailure failure)
 }
 
 } // namespace
+
+std::u16string TaskTypeLabel(const TaskTypeRow& row)
+{
+    return AddInText(row.textNumber, row.label);
+}
 
 std::u16string ReadScriptResource(ModuleService& module, int32_t id)
 {
