@@ -388,27 +388,4 @@ Ref<macro::Object> MakeGlobalObject(ObjectContext& context)
     return MakeRef<GlobalObject>(context);
 }
 
-bool IsClassName(std::u16string_view folded)
-{
-    constexpr std::u16string_view kClasses[] = {
-        u"application",
-        u"assemblydoc",
-        u"component2",
-        u"configuration",
-        u"configurationmanager",
-        u"documentspecification",
-        u"drawingdoc",
-        u"exportpdfdata",
-        u"frame",
-        u"modeldoc2",
-        u"modeldocextension",
-        u"modelview",
-        u"partdoc",
-        u"sheet",
-        u"torvane",
-        u"view",
-    };
-    return std::ranges::find(kClasses, folded) != std::end(kClasses);
-}
-
 } // namespace tv::app

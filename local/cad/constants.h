@@ -69,6 +69,7 @@ inline constexpr int32_t kZephrinBom = 454;
 inline constexpr int32_t kZephrinAnimation = 455;
 inline constexpr int32_t kZephrinAnimationToAllConfigurations = 456;
 inline constexpr int32_t kZephrinAnimationRecalculate = 457;
+inline constexpr int32_t kPrinterMargin = 461;
 } // namespace toggle
 
 /// Preferences that are numbers, by number.
@@ -88,6 +89,14 @@ inline constexpr int32_t kTiffImageType = 561;
 inline constexpr int32_t kTiffCompression = 562;
 inline constexpr int32_t kZephrinSelection = 571;
 } // namespace integer
+
+/// Preferences that are measures, by number.
+namespace measure {
+inline constexpr int32_t kTopMargin = 581;
+inline constexpr int32_t kBottomMargin = 582;
+inline constexpr int32_t kLeftMargin = 583;
+inline constexpr int32_t kRightMargin = 584;
+} // namespace measure
 
 /// Preferences that are lists of texts, by number.
 namespace stringlist {
@@ -158,6 +167,13 @@ inline constexpr Constant kConstants[] = {
     {u"tvZephrinSaveAll", 1},
     {u"tvZephrinSaveSelected", 2},
     {u"tvZephrinSelectionList", stringlist::kZephrinSelection},
+    {u"tvPageSetupPrinterUsePrinterMargin", toggle::kPrinterMargin},
+    {u"tvPageSetupPrinterTopMargin", measure::kTopMargin},
+    {u"tvPageSetupPrinterBottomMargin", measure::kBottomMargin},
+    {u"tvPageSetupPrinterLeftMargin", measure::kLeftMargin},
+    {u"tvPageSetupPrinterRightMargin", measure::kRightMargin},
+    {u"tvPageSetupInUse_Application", 1},
+    {u"tvPageSetupInUse_Document", 2},
 };
 
 /// The number behind a name, capitals and small letters alike; nothing for a name that no enumeration has.

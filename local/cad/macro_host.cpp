@@ -42,32 +42,6 @@ int32_t CreateDirectories(macro::FileSystem& files, std::u16string path)
 
 } // namespace
 
-std::optional<Value> MacroLibrary::Constant(std::u16string_view name) const
-{
-    const std::optional<int32_t> number = FindConstant(name);
-    return number ? std::optional<Value>(Value(*number)) : std::nullopt;
-}
-
-bool MacroLibrary::HasGlobal(std::u16string_view name) const
-{
-    return name == u"application";
-}
-
-bool MacroLibrary::HasLibrary(std::u16string_view name) const
-{
-    return name == u"torvane";
-}
-
-bool MacroLibrary::HasType(std::u16string_view name) const
-{
-    return IsClassName(name);
-}
-
-bool MacroLibrary::HasEnumeration(std::u16string_view) const
-{
-    return false;
-}
-
 MacroHost::MacroHost(ObjectContext& objects, macro::FileSystem& fileSystem, std::function<double()> localTime,
                      std::function<int32_t(const std::u16string&, int32_t, const std::u16string&)> showMessage)
     : context(objects), files(fileSystem), now(std::move(localTime)), messageBox(std::move(showMessage))

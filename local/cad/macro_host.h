@@ -1,4 +1,4 @@
-// What the application's macros reach: its objects, its names, declared functions of the system.
+// What the application's macros reach: its objects, declared functions of the system, files and messages.
 #pragma once
 
 #include "cad/objects.h"
@@ -9,17 +9,6 @@
 #include <string>
 
 namespace tv::app {
-
-/// The application's type library as macros name it.
-class MacroLibrary : public macro::Library
-{
-  public:
-    std::optional<macro::Value> Constant(std::u16string_view name) const override;
-    bool HasGlobal(std::u16string_view name) const override;
-    bool HasLibrary(std::u16string_view name) const override;
-    bool HasType(std::u16string_view name) const override;
-    bool HasEnumeration(std::u16string_view name) const override;
-};
 
 class MacroHost : public macro::Host
 {

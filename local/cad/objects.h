@@ -31,7 +31,4 @@ macro::Value DocumentValue(ObjectContext& context, const std::shared_ptr<ModelDo
 /// What a PDF is to hold: GetExportFileData gives it, SaveAs takes it.
 macro::Value MakePdfExportData();
 
-/// Names of the classes that may stand behind As, in small letters.
-bool IsClassName(std::u16string_view folded);
-
 } // namespace tv::app

@@ -5,6 +5,7 @@
 #include "cad/dispatch_object.h"
 #include "cad/kernel_geometry.h"
 #include "cad/macro_host.h"
+#include "cad/macro_library.h"
 #include "cad/text.h"
 #include "cad_win32/file_system.h"
 #include "cad_win32/main_window.h"

@@ -1,5 +1,5 @@
 #include "cad/constants.h"
-#include "cad/macro_host.h"
+#include "cad/macro_library.h"
 #include "cad/text.h"
 
 #include <gtest/gtest.h>
@@ -86,6 +86,18 @@ TEST(Constants, EveryPreferenceOfTheConvertMacroHasANumberOfItsOwn)
     }
 }
 
+TEST(Constants, EveryPreferenceOfThePrintMacroHasANumberOfItsOwn)
+{
+    std::set<int32_t> numbers;
+    for (const char16_t* name :
+         {u"tvPageSetupPrinterUsePrinterMargin", u"tvPageSetupPrinterTopMargin", u"tvPageSetupPrinterBottomMargin",
+          u"tvPageSetupPrinterLeftMargin", u"tvPageSetupPrinterRightMargin", u"tvPageSetupInUse_Document"}) {
+        const std::optional<int32_t> number = FindConstant(name);
+        ASSERT_TRUE(number) << ToUtf8(name);
+        EXPECT_TRUE(numbers.insert(*number).second) << ToUtf8(name);
+    }
+}
+
 TEST(Constants, MacrosMayDeclareTheApplicationsClasses)
 {
     const MacroLibrary library;
@@ -93,6 +105,7 @@ TEST(Constants, MacrosMayDeclareTheApplicationsClasses)
                                  u"configurationmanager", u"exportpdfdata", u"documentspecification"}) {
         EXPECT_TRUE(library.HasType(name)) << ToUtf8(name);
     }
+    EXPECT_TRUE(library.HasType(u"pagesetup"));
     EXPECT_FALSE(library.HasType(u"worksheet"));
     EXPECT_TRUE(library.HasGlobal(u"application"));
     EXPECT_TRUE(library.HasLibrary(u"torvane"));

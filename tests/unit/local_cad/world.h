@@ -3,6 +3,7 @@
 
 #include "cad/application.h"
 #include "cad/macro_host.h"
+#include "cad/macro_library.h"
 #include "cad/macro_runner.h"
 #include "cad/objects.h"
 #include "cad/text.h"
