@@ -16,7 +16,16 @@ constexpr size_t kZone = 14;
 
 Value OpenStatement(Runtime& runtime, const Arguments& a)
 {
-    runtime.files.Open(a[3].ToLong(), a[0].ToText(), static_cast<OpenMode>(a[1].ToLong()), a[2].ToBoolean());
+    constexpr int32_t kDefaultRecord = 128;
+    constexpr int32_t kLongestRecord = 32767;
+    OpenMode mode = static_cast<OpenMode>(a[1].ToLong());
+    int32_t bits = a[2].ToLong();
+    FileSharing sharing{(bits & 2) == 0, (bits & 1) == 0, (bits & 4) != 0, (bits & 8) != 0};
+    int32_t recordLength = a.Has(4) ? a[4].ToLong() : kDefaultRecord;
+    if (recordLength < 1 || recordLength > kLongestRecord) {
+        Raise(kInvalidCall);
+    }
+    runtime.files.Open(a[3].ToLong(), a[0].ToText(), mode, sharing, static_cast<uint64_t>(recordLength));
     return Value();
 }
 
@@ -160,8 +169,15 @@ Value WriteStatement(Runtime& runtime, const Arguments& a)
     return Value();
 }
 
-Value LineInputStatement(Runtime& runtime, const Arguments& a) { return Value(runtime.files.ReadLine(a[0].ToLong())); }
-Value InputStatement(Runtime& runtime, const Arguments& a) { return runtime.files.ReadField(a[0].ToLong()); }
+Value LineInputStatement(Runtime& runtime, const Arguments& a)
+{
+    return Value(runtime.files.ReadLine(a[0].ToLong()));
+}
+
+Value InputStatement(Runtime& runtime, const Arguments& a)
+{
+    return runtime.files.ReadField(a[0].ToLong(), static_cast<Type>(a[1].ToLong()));
+}
 
 Value InputFunction(Runtime& runtime, const Arguments& a)
 {
@@ -172,85 +188,6 @@ Value InputFunction(Runtime& runtime, const Arguments& a)
     return Value(runtime.files.ReadUnits(a[1].ToLong(), static_cast<size_t>(count)));
 }
 
-size_t BinarySize(Type type)
-{
-    switch (type) {
-    case Type::Byte:
-        return 1;
-    case Type::Integer:
-    case Type::Boolean:
-        return 2;
-    case Type::Long:
-    case Type::Single:
-        return 4;
-    case Type::Double:
-    case Type::Date:
-    case Type::Currency:
-    case Type::LongLong:
-        return 8;
-    default:
-        Raise(kTypeMismatch);
-    }
-}
-
-std::string ToBytes(const Value& value)
-{
-    if (value.IsString()) {
-        return ToNarrow(value.Text());
-    }
-    if (value.IsArray()) {
-        std::string bytes;
-        for (const Value& item : value.ArrayPointer()->items) {
-            bytes += ToBytes(item);
-        }
-        return bytes;
-    }
-    size_t size = BinarySize(value.Kind());
-    char raw[8] = {};
-    if (value.Kind() == Type::Single) {
-        float number = static_cast<float>(value.Number());
-        __builtin_memcpy(raw, &number, sizeof number);
-    } else if (value.Kind() == Type::Double || value.Kind() == Type::Date) {
-        double number = value.Number();
-        __builtin_memcpy(raw, &number, sizeof number);
-    } else {
-        int64_t number = value.Kind() == Type::Boolean ? (value.Truth() ? -1 : 0) : value.Whole();
-        __builtin_memcpy(raw, &number, sizeof number);
-    }
-    return std::string(raw, size);
-}
-
-Value FromBytes(Type type, std::string bytes)
-{
-    bytes.resize(8, '\0');
-    int64_t whole = 0;
-    __builtin_memcpy(&whole, bytes.data(), sizeof whole);
-    switch (type) {
-    case Type::Byte:
-        return Value::FromByte(static_cast<uint8_t>(whole));
-    case Type::Integer:
-        return Value(static_cast<int16_t>(whole));
-    case Type::Boolean:
-        return Value(static_cast<int16_t>(whole) != 0);
-    case Type::Long:
-        return Value(static_cast<int32_t>(whole));
-    case Type::LongLong:
-        return Value(whole);
-    case Type::Currency:
-        return Value::FromCurrency(whole);
-    case Type::Single: {
-        float number = 0;
-        __builtin_memcpy(&number, bytes.data(), sizeof number);
-        return Value(number);
-    }
-    default: {
-        double number = 0;
-        __builtin_memcpy(&number, bytes.data(), sizeof number);
-        return type == Type::Date ? Value::FromDate(number) : Value(number);
-    }
-    }
-}
-
 int64_t TransferPosition(const Arguments& a)
 {
     if (!a.Has(1)) {
@@ -258,7 +195,7 @@ int64_t TransferPosition(const Arguments& a)
     }
     int64_t position = a[1].ToLongLong();
     if (position < 1) {
-        throw MacroError(63);
+        Raise(kBadRecordNumber);
     }
     return position;
 }
@@ -266,54 +203,69 @@ int64_t TransferPosition(const Arguments& a)
 /// Get: the variable's present value tells how much is read.
 Value GetStatement(Runtime& runtime, const Arguments& a)
 {
-    int32_t number = a[0].ToLong();
-    int64_t position = TransferPosition(a);
-    const Value& present = a.All()[2].Resolved();
-    if (present.IsString()) {
-        std::u16string text = FromNarrow(runtime.files.ReadBytes(number, position, present.Text().size()));
-        text.resize(present.Text().size(), u'\0');
-        return Value(std::move(text));
-    }
-    if (present.IsArray()) {
-        Ref<Array> filled = present.ArrayPointer()->Clone();
-        for (Value& item : filled->items) {
-            item = FromBytes(item.Kind(), runtime.files.ReadBytes(number, position, BinarySize(item.Kind())));
-            position = 0;
-        }
-        return Value(filled);
-    }
-    return FromBytes(present.Kind(), runtime.files.ReadBytes(number, position, BinarySize(present.Kind())));
+    return runtime.files.Get(a[0].ToLong(), TransferPosition(a), a.All()[2].Resolved(),
+                             static_cast<Type>(a[3].ToLong()));
 }
 
 Value PutStatement(Runtime& runtime, const Arguments& a)
 {
-    runtime.files.WriteBytes(a[0].ToLong(), TransferPosition(a), ToBytes(a.All()[2].Resolved()));
+    runtime.files.Put(a[0].ToLong(), TransferPosition(a), a.All()[2].Resolved(), static_cast<Type>(a[3].ToLong()));
     return Value();
 }
 
 Value SeekStatement(Runtime& runtime, const Arguments& a)
 {
-    int64_t position = a[1].ToLongLong();
-    if (position < 1) {
-        throw MacroError(63);
+    runtime.files.SeekTo(a[0].ToLong(), static_cast<uint64_t>(TransferPosition(a)));
+    return Value();
+}
+
+struct LockRange
+{
+    uint64_t first = 0;
+    uint64_t last = 0;
+};
+
+/// Without a range the whole file, with one border only that record or byte, and "To 5" from the first on.
+LockRange LockRangeOf(const Arguments& a)
+{
+    if (!a.Has(1) && !a.Has(2)) {
+        return {};
     }
-    runtime.files.Seek(runtime.files.At(a[0].ToLong()), static_cast<uint64_t>(position) - 1);
+    int64_t first = a.Has(1) ? a[1].ToLongLong() : 1;
+    int64_t last = a.Has(2) ? a[2].ToLongLong() : first;
+    if (first < 1 || last < first) {
+        Raise(kBadRecordNumber);
+    }
+    return {static_cast<uint64_t>(first), static_cast<uint64_t>(last)};
+}
+
+Value LockStatement(Runtime& runtime, const Arguments& a)
+{
+    LockRange range = LockRangeOf(a);
+    runtime.files.Lock(a[0].ToLong(), range.first, range.last);
+    return Value();
+}
+
+Value UnlockStatement(Runtime& runtime, const Arguments& a)
+{
+    LockRange range = LockRangeOf(a);
+    runtime.files.Unlock(a[0].ToLong(), range.first, range.last);
     return Value();
 }
 
 Value Seek(Runtime& runtime, const Arguments& a)
 {
-    return Value(static_cast<int32_t>(runtime.files.Position(runtime.files.At(a[0].ToLong()))) + 1);
+    return Value(static_cast<int32_t>(runtime.files.NextPosition(a[0].ToLong())));
 }
 
 Value Loc(Runtime& runtime, const Arguments& a)
 {
-    return Value(static_cast<int32_t>(runtime.files.Position(runtime.files.At(a[0].ToLong()))));
+    return Value(static_cast<int32_t>(runtime.files.Location(a[0].ToLong())));
 }
 
 Value Eof(Runtime& runtime, const Arguments& a)
 {
-    return Value(runtime.files.AtEnd(runtime.files.At(a[0].ToLong())));
+    return Value(runtime.files.IsEof(a[0].ToLong()));
 }
 
 Value Lof(Runtime& runtime, const Arguments& a)
@@ -338,7 +290,10 @@ std::u16string NameOf(const std::u16string& path)
     return end == std::u16string::npos ? path : path.substr(end + 1);
 }
 
-bool HasWildcards(std::u16string_view text) { return text.find_first_of(u"*?") != std::u16string_view::npos; }
+bool HasWildcards(std::u16string_view text)
+{
+    return text.find_first_of(u"*?") != std::u16string_view::npos;
+}
 
 /// Wildcards of file names: "*.*" is every name, and brackets mean themselves.
 bool FileNameMatches(std::u16string_view name, std::u16string_view pattern)
@@ -445,8 +400,14 @@ Value ChDir(Runtime& runtime, const Arguments& a)
     return Value();
 }
 
-Value ChDrive(Runtime&, const Arguments&) { return Value(); }
-Value CurDir(Runtime& runtime, const Arguments&) { return Value(runtime.host.Files().CurrentFolder()); }
+Value ChDrive(Runtime&, const Arguments&)
+{
+    return Value();
+}
+Value CurDir(Runtime& runtime, const Arguments&)
+{
+    return Value(runtime.host.Files().CurrentFolder());
+}
 
 FileEntry FileAt(Runtime& runtime, const Arguments& a)
 {
@@ -462,7 +423,10 @@ Value FileLen(Runtime& runtime, const Arguments& a)
     return Value(static_cast<int32_t>(FileAt(runtime, a).size));
 }
 
-Value FileDateTime(Runtime& runtime, const Arguments& a) { return Value::FromDate(FileAt(runtime, a).modified); }
+Value FileDateTime(Runtime& runtime, const Arguments& a)
+{
+    return Value::FromDate(FileAt(runtime, a).modified);
+}
 
 Value FileCopy(Runtime& runtime, const Arguments& a)
 {
@@ -549,20 +513,25 @@ constexpr Builtin kFunctions[] = {
     {u"rmdir", 1, 1, Type::Empty, RmDir, u"Path"},
     {u"seek", 1, 1, Type::Long, Seek, u"FileNumber"},
     {u"setattr", 2, 2, Type::Empty, SetAttr, u"PathName Attributes"},
-    {u"#open", 4, 4, Type::Empty, OpenStatement, {}},
+    {u"#open", 5, 5, Type::Empty, OpenStatement, {}},
     {u"#close", 0, kAnyNumber, Type::Empty, CloseStatement, {}},
     {u"#print", 2, kAnyNumber, Type::Empty, PrintStatement, {}},
     {u"#write", 2, kAnyNumber, Type::Empty, WriteStatement, {}},
     {u"#lineinput", 1, 1, Type::String, LineInputStatement, {}},
-    {u"#input", 1, 1, Type::Variant, InputStatement, {}},
-    {u"#get", 3, 3, Type::Variant, GetStatement, {}},
-    {u"#put", 3, 3, Type::Empty, PutStatement, {}},
+    {u"#input", 2, 2, Type::Variant, InputStatement, {}},
+    {u"#get", 4, 4, Type::Variant, GetStatement, {}},
+    {u"#put", 4, 4, Type::Empty, PutStatement, {}},
+    {u"#lock", 3, 3, Type::Empty, LockStatement, {}},
+    {u"#unlock", 3, 3, Type::Empty, UnlockStatement, {}},
     {u"#seek", 2, 2, Type::Empty, SeekStatement, {}},
     {u"#name", 2, 2, Type::Empty, NameStatement, {}},
 };
 
 } // namespace
 
-std::span<const Builtin> FileFunctions() { return kFunctions; }
+std::span<const Builtin> FileFunctions()
+{
+    return kFunctions;
+}
 
 } // namespace tv::macro

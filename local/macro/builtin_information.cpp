@@ -92,6 +92,14 @@ Value MakeArray(Runtime&, const Arguments& a)
     return Value(Array::FromValues(std::move(values)));
 }
 
+/// The same array counted from 1, as Array makes it under Option Base 1.
+Value CountedFromOne(Runtime&, const Arguments& a)
+{
+    Ref<Array> array = a[0].ToArray();
+    array->dimensions.front().lower = 1;
+    return Value(array);
+}
+
 Value Rgb(Runtime&, const Arguments& a)
 {
     int32_t color = 0;
@@ -117,6 +125,7 @@ Value ErrorText(Runtime& runtime, const Arguments& a)
 Value ErrorLine(Runtime& runtime, const Arguments&) { return Value(int32_t{runtime.err->line}); }
 
 constexpr Builtin kFunctions[] = {
+    {u"#fromone", 1, 1, Type::Variant, CountedFromOne, {}},
     {u"array", 0, kAnyNumber, Type::Variant, MakeArray, {}},
     {u"erl", 0, 0, Type::Long, ErrorLine, {}},
     {u"error", 0, 1, Type::Variant, ErrorText, u"ErrorNumber"},
@@ -183,7 +192,41 @@ constexpr std::u16string_view kEnumerations[] = {
     u"vbfileattribute", u"vbstrconv", u"vbdatetimeformat", u"vbcalltype", u"vbappwinstyle", u"vbfirstweekofyear",
 };
 
+struct LeftOut
+{
+    std::u16string_view folded;
+    std::u16string_view shown;
+};
+
+/// They need a registry of their own, other programs, addresses in memory or the type Decimal.
+constexpr LeftOut kLeftOut[] = {
+    {u"appactivate", u"AppActivate"},
+    {u"cdec", u"CDec"},
+    {u"deletesetting", u"DeleteSetting"},
+    {u"getallsettings", u"GetAllSettings"},
+    {u"getsetting", u"GetSetting"},
+    {u"imestatus", u"IMEStatus"},
+    {u"loadpicture", u"LoadPicture"},
+    {u"objptr", u"ObjPtr"},
+    {u"savepicture", u"SavePicture"},
+    {u"savesetting", u"SaveSetting"},
+    {u"sendkeys", u"SendKeys"},
+    {u"shell", u"Shell"},
+    {u"strptr", u"StrPtr"},
+    {u"varptr", u"VarPtr"},
+};
+
 } // namespace
+
+std::u16string_view LeftOutFunction(std::u16string_view folded)
+{
+    for (const LeftOut& row : kLeftOut) {
+        if (row.folded == folded) {
+            return row.shown;
+        }
+    }
+    return {};
+}
 
 std::span<const Builtin> InformationFunctions() { return kFunctions; }
 
@@ -227,7 +270,7 @@ const Builtin& GetBuiltin(int32_t index)
 {
     static const std::vector<Builtin> all = [] {
         std::vector<Builtin> joined;
-        for (std::span<const Builtin> group : {TextFunctions(), NumberFunctions(), DateFunctions(),
+        for (std::span<const Builtin> group : {TextFunctions(), ByteFunctions(), NumberFunctions(), DateFunctions(),
                                                InformationFunctions(), InteractionFunctions(), FileFunctions()}) {
             joined.insert(joined.end(), group.begin(), group.end());
         }

@@ -85,6 +85,17 @@ Value Switch(Runtime&, const Arguments& a)
     return Value::Null();
 }
 
+/// The number of On ... GoTo.
+Value ChosenNumber(Runtime&, const Arguments& a)
+{
+    constexpr int32_t kMostLabels = 255;
+    int32_t number = a[0].ToLong();
+    if (number < 0 || number > kMostLabels) {
+        Raise(kInvalidCall);
+    }
+    return Value(number);
+}
+
 Value CallByName(Runtime&, const Arguments& a)
 {
     Ref<Object> object = a[0].ToObject();
@@ -108,6 +119,7 @@ constexpr Builtin kFunctions[] = {
     {u"iif", 3, 3, Type::Variant, IIf, u"Expression TruePart FalsePart"},
     {u"inputbox", 1, 7, Type::String, InputBox, u"Prompt Title Default XPos YPos HelpFile Context"},
     {u"msgbox", 1, 5, Type::Long, MsgBox, u"Prompt Buttons Title HelpFile Context"},
+    {u"#choice", 1, 1, Type::Long, ChosenNumber, {}},
     {u"switch", 2, kAnyNumber, Type::Variant, Switch, {}},
 };
 

@@ -77,13 +77,13 @@ Value RightTrimOf(const std::u16string& text, const Arguments&)
     return Value(text.substr(0, text.find_last_not_of(u' ') + 1));
 }
 
-Value ReverseOf(const std::u16string& text, const Arguments&)
+Value Reverse(Runtime&, const Arguments& a)
 {
+    std::u16string text = a[0].ToText();
     return Value(std::u16string(text.rbegin(), text.rend()));
 }
 
 Value LengthOf(const std::u16string& text, const Arguments&) { return Value(static_cast<int32_t>(text.size())); }
-Value BytesOf(const std::u16string& text, const Arguments&) { return Value(static_cast<int32_t>(text.size() * 2)); }
 
 Value InStr(Runtime& runtime, const Arguments& a)
 {
@@ -286,22 +286,38 @@ Value StrComp(Runtime& runtime, const Arguments& a)
     return Value(static_cast<int16_t>(CompareTexts(a[0].ToText(), a[1].ToText(), ignoreCase)));
 }
 
+std::u16string InProperCase(std::u16string text)
+{
+    bool start = true;
+    for (char16_t& unit : text) {
+        unit = start ? UpperUnit(unit) : LowerUnit(unit);
+        start = unit == u' ' || unit == 0 || (unit >= u'\t' && unit <= u'\r');
+    }
+    return text;
+}
+
 Value StrConv(Runtime&, const Arguments& a)
 {
-    std::u16string text = a[0].ToText();
-    switch (a[1].ToLong()) {
-    case 1:
-        return Value(Upper(text));
-    case 2:
-        return Value(Lower(text));
-    case 3: {
-        bool start = true;
-        for (char16_t& unit : text) {
-            unit = start ? UpperUnit(unit) : LowerUnit(unit);
-            start = unit == u' ' || unit == u'\t' || unit == u'\r' || unit == u'\n' || unit == 0;
-        }
-        return Value(std::move(text));
+    constexpr int32_t kUpper = 1;
+    constexpr int32_t kLower = 2;
+    constexpr int32_t kProper = 3;
+    constexpr int32_t kToCharacters = 64;
+    constexpr int32_t kToBytes = 128;
+    if (a[0].IsNull()) {
+        return Value::Null();
     }
+    Value text = CoerceTo(Type::String, a[0]);
+    switch (a[1].ToLong()) {
+    case kUpper:
+        return Value(Upper(text.Text()));
+    case kLower:
+        return Value(Lower(text.Text()));
+    case kProper:
+        return Value(InProperCase(text.Text()));
+    case kToCharacters:
+        return Value(FromNarrow(text.TextBytes()));
+    case kToBytes:
+        return Value::FromBytes(ToNarrow(text.Text()));
     default:
         Raise(kInvalidCall);
     }
@@ -315,6 +331,10 @@ Value Str(Runtime&, const Arguments& a)
     Value number = a[0].IsString() ? Value(a[0].ToDouble()) : a[0];
     std::u16string text = number.ToText();
     bool negative = !text.empty() && text[0] == u'-';
+    size_t sign = negative ? 1 : 0;
+    if (number.IsNumeric() && text.compare(sign, 2, u"0.") == 0) {
+        text.erase(sign, 1);
+    }
     return Value(negative || !number.IsNumeric() ? text : u" " + text);
 }
 
@@ -383,11 +403,18 @@ Value AssignMid(Runtime&, const Arguments& a)
 }
 
 /// A String of fixed length: cut or filled with blanks.
-Value Fit(Runtime&, const Arguments& a)
+/// LSet and RSet keep the length of what the target holds.
+Value AlignLeft(Runtime&, const Arguments& a)
 {
-    std::u16string text = a[0].ToText();
-    text.resize(static_cast<size_t>(a[1].ToLong()), u' ');
-    return Value(std::move(text));
+    return FitText(a[1].ToText(), a[0].ToText().size());
+}
+
+Value AlignRight(Runtime&, const Arguments& a)
+{
+    std::u16string text = a[1].ToText();
+    size_t length = a[0].ToText().size();
+    text.insert(0, length > text.size() ? length - text.size() : 0, u' ');
+    return FitText(std::move(text), length);
 }
 
 constexpr Builtin kFunctions[] = {
@@ -404,7 +431,6 @@ constexpr Builtin kFunctions[] = {
     {u"lcase", 1, 1, Type::Variant, OfText<LowerOf>, u"String"},
     {u"left", 2, 2, Type::Variant, OfText<LeftOf>, u"String Length"},
     {u"len", 1, 1, Type::Variant, OfText<LengthOf>, u"Expression"},
-    {u"lenb", 1, 1, Type::Variant, OfText<BytesOf>, u"Expression"},
     {u"ltrim", 1, 1, Type::Variant, OfText<LeftTrimOf>, u"String"},
     {u"mid", 2, 3, Type::Variant, OfText<MidOf>, u"String Start Length"},
     {u"oct", 1, 1, Type::Variant, Oct, u"Number"},
@@ -417,12 +443,13 @@ constexpr Builtin kFunctions[] = {
     {u"strcomp", 2, 3, Type::Variant, StrComp, u"String1 String2 Compare"},
     {u"strconv", 2, 3, Type::Variant, StrConv, u"String Conversion LocaleID"},
     {u"string", 2, 2, Type::Variant, String, u"Number Character"},
-    {u"strreverse", 1, 1, Type::String, OfText<ReverseOf>, u"Expression"},
+    {u"strreverse", 1, 1, Type::String, Reverse, u"Expression"},
     {u"trim", 1, 1, Type::Variant, OfText<TrimOf>, u"String"},
     {u"ucase", 1, 1, Type::Variant, OfText<UpperOf>, u"String"},
     {u"val", 1, 1, Type::Double, Val, u"String"},
     {u"#mid", 4, 4, Type::String, AssignMid, {}},
-    {u"#fit", 2, 2, Type::String, Fit, {}},
+    {u"#lset", 2, 2, Type::String, AlignLeft, {}},
+    {u"#rset", 2, 2, Type::String, AlignRight, {}},
 };
 
 } // namespace

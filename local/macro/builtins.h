@@ -29,6 +29,9 @@ inline constexpr size_t kAnyNumber = 0xFFFF;
 int32_t FindBuiltin(std::u16string_view folded);
 const Builtin& GetBuiltin(int32_t index);
 
+/// The name, as messages show it, of a function that the language has and this library leaves out; empty for others.
+std::u16string_view LeftOutFunction(std::u16string_view folded);
+
 /// A constant of the language such as vbCrLf, by its folded name.
 std::optional<Value> FindBuiltinConstant(std::u16string_view folded);
 /// Whether the language has an enumeration of that name, such as VbMsgBoxStyle.
@@ -40,6 +43,7 @@ bool IsBuiltinClass(std::u16string_view folded);
 Ref<Object> CreateBuiltinObject(Runtime& runtime, std::u16string_view folded);
 
 std::span<const Builtin> TextFunctions();
+std::span<const Builtin> ByteFunctions();
 std::span<const Builtin> NumberFunctions();
 std::span<const Builtin> DateFunctions();
 std::span<const Builtin> InformationFunctions();

@@ -47,6 +47,12 @@ enum class Op : uint8_t
     Coerce,     // flags: type
     CheckObject, // error 424 unless an object; target: class name or -1
     Binary,     // flags: operator, count: operand traits
+    // The same with operands that needn't go over the stack; target: slot or constant on the right, extra: slot on the left
+    BinaryWithLocal,    // value -> value
+    BinaryWithConstant, // value -> value
+    BinaryLocals,
+    BinaryLocalConstant,
+    AppendText, // value ->; target: slot, count: place, flags: declared type
     Unary,      // flags: operator, count: operand traits
     TypeOf,     // object -> Boolean; target: class name
 
@@ -135,6 +141,12 @@ struct Shape
     int32_t record = -1;
     /// Length of a fixed-length String, or -1.
     int32_t fixedLength = -1;
+
+    /// The type that a value takes when it is stored in such a variable.
+    Type StoredType() const
+    {
+        return isArray ? Type::Array : fixedLength >= 0 ? Type::FixedText : type;
+    }
 };
 
 struct RecordDefinition

@@ -136,8 +136,7 @@ void Compiler::EmitAssignmentToMember(const Expression& target, const ValueEmitt
     } else {
         emitValue();
     }
-    Type declared = address.isArray ? Type::Array : address.type;
-    Emit(Op::StoreIndirect, 0, 0, isSet ? kRaw : static_cast<uint8_t>(declared));
+    Emit(Op::StoreIndirect, 0, 0, isSet ? kRaw : static_cast<uint8_t>(address.stored));
 }
 
 void Compiler::EmitAssignmentToIndex(const Expression& target, const ValueEmitter& emitValue, bool isSet)

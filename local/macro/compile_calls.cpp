@@ -42,6 +42,14 @@ std::vector<std::u16string_view> SplitNames(std::u16string_view names)
 
 } // namespace
 
+void Compiler::RefuseLeftOut(const std::u16string& folded, const Position& at) const
+{
+    std::u16string_view shown = LeftOutFunction(folded);
+    if (!shown.empty()) {
+        Fail(at, std::u16string(shown) + u" is not supported by this macro language");
+    }
+}
+
 std::optional<Type> Compiler::EmitCallByName(const Expression& name, const std::vector<ArgumentSyntax>& arguments)
 {
     std::u16string folded = Lower(name.name);
@@ -69,6 +77,7 @@ std::optional<Type> Compiler::EmitCallByName(const Expression& name, const std::
         Emit(Op::PushErr);
         return Type::Object;
     }
+    RefuseLeftOut(folded, name.at);
     int32_t builtin = FindBuiltin(folded);
     if (builtin >= 0) {
         return EmitBuiltinCall(builtin, arguments, name.at, name.suffix);
@@ -133,33 +142,75 @@ Type Compiler::EmitProcedureCall(int32_t index, const std::vector<ArgumentSyntax
         result = declared->resultIsArray ? Type::Array : Resolve(declared->result).type;
     }
     // `Names(2)` of a function without parameters is an element of what it returns.
+    ParamArrayUse rest;
     bool indexesResult = callee.parameters.empty() && !arguments.empty() && callee.hasResult;
     const std::vector<Parameter>& parameters = callee.parameters;
     if (!indexesResult) {
         std::vector<const ArgumentSyntax*> matched = MatchArguments(parameters, arguments, at);
         for (size_t i = 0; i < parameters.size(); ++i) {
             if (parameters[i].isParamArray) {
-                uint16_t count = 0;
-                for (size_t rest = i; rest < arguments.size(); ++rest, ++count) {
-                    if (arguments[rest].value) {
-                        EmitValue(*arguments[rest].value);
-                    } else {
-                        Emit(Op::PushMissing);
-                    }
-                }
-                Emit(Op::MakeArray, 0, count);
+                EmitParamArray(arguments, i, rest);
             } else {
                 EmitArgument(parameters[i], matched[i], at);
             }
         }
     }
     Emit(Op::Call, index, static_cast<uint16_t>(parameters.size()));
+    EmitWriteBack(rest);
     if (indexesResult) {
         EmitIndices(arguments, at);
         Emit(Op::Index, 0, static_cast<uint16_t>(arguments.size()));
         return Type::Variant;
     }
     return result;
+}
+
+/// Leaves a reference to an array of what was given, and notes which elements came from variables.
+void Compiler::EmitParamArray(const std::vector<ArgumentSyntax>& arguments, size_t first, ParamArrayUse& use)
+{
+    uint16_t count = 0;
+    for (size_t i = first; i < arguments.size(); ++i, ++count) {
+        if (!arguments[i].value) {
+            Emit(Op::PushMissing);
+            continue;
+        }
+        const Expression& value = *arguments[i].value;
+        if (value.kind == ExpressionKind::Parenthesized) {
+            EmitValue(value);
+            continue;
+        }
+        AddressResult address = EmitAddress(value);
+        bool isWritable = address.isReference && !address.isArray && address.record < 0;
+        if (isWritable) {
+            int32_t slot = NewSlot();
+            Emit(Op::StoreLocal, slot, 0, kRaw);
+            Emit(Op::LoadLocal, slot);
+            use.items.push_back(ParamArrayUse::Item{slot, count, address.stored});
+        }
+        if (address.isReference) {
+            Emit(Op::LoadIndirect);
+        }
+    }
+    Emit(Op::MakeArray, 0, count);
+    if (use.items.empty()) {
+        return;
+    }
+    use.array = NewSlot();
+    Emit(Op::StoreLocal, use.array, 0, kRaw);
+    Emit(Op::AddressLocal, use.array, 0, static_cast<uint8_t>(Type::Array));
+}
+
+void Compiler::EmitWriteBack(const ParamArrayUse& use)
+{
+    for (const ParamArrayUse::Item& item : use.items) {
+        Emit(Op::LoadLocal, item.slot);
+        Emit(Op::Push, AddConstant(Value(item.index)));
+        Emit(Op::IndexVariable, use.array, 1, static_cast<uint8_t>(Place::Local));
+        bool isRaw = item.stored == Type::Object || item.stored == Type::Variant;
+        Emit(Op::StoreIndirect, 0, 0, isRaw ? kRaw : static_cast<uint8_t>(item.stored));
+        Emit(Op::Push, AddConstant(Value()));
+        Emit(Op::StoreLocal, item.slot, 0, kRaw);
+    }
 }
 
 void Compiler::EmitArgument(const Parameter& parameter, const ArgumentSyntax* argument, const Position& at)
@@ -200,8 +251,29 @@ void Compiler::EmitArgument(const Parameter& parameter, const ArgumentSyntax* ar
     }
 }
 
+/// What Len gives for a record: the bytes of its fields, a text of any length counting as its pointer.
+int32_t Compiler::SizeOfRecord(int32_t record) const
+{
+    int64_t size = 0;
+    for (const Shape& field : module->records[static_cast<size_t>(record)].fields) {
+        constexpr int32_t kPointer = 8;
+        constexpr int32_t kVariant = 24;
+        int32_t one = field.fixedLength >= 0         ? field.fixedLength
+                      : field.record >= 0            ? SizeOfRecord(field.record)
+                      : field.type == Type::Variant  ? kVariant
+                      : SizeOf(field.type) == 0      ? kPointer
+                                                     : SizeOf(field.type);
+        int64_t count = 1;
+        for (const Dimension& dimension : field.dimensions) {
+            count = std::min<int64_t>(count * dimension.count, 0x7FFFFFFF);
+        }
+        size += field.isArray && !field.isFixed ? kPointer : one * count;
+    }
+    return static_cast<int32_t>(std::min<int64_t>(size, 0x7FFFFFFF));
+}
+
 Type Compiler::EmitBuiltinCall(int32_t index, const std::vector<ArgumentSyntax>& arguments, const Position& at,
-                               char16_t suffix)
+                               char16_t suffix, bool isQualified)
 {
     const Builtin& builtin = GetBuiltin(index);
     std::vector<const ArgumentSyntax*> ordered;
@@ -239,18 +311,30 @@ Type Compiler::EmitBuiltinCall(int32_t index, const std::vector<ArgumentSyntax>&
             first = i == 0 ? type : first;
         }
     }
-    if (builtin.name == u"len" && SizeOf(first) > 0) {
-        Emit(Op::Pop);
-        Emit(Op::Push, AddConstant(Value(SizeOf(first))));
-        return Type::Long;
+    if (builtin.name == u"len" || builtin.name == u"lenb") {
+        int32_t record = ordered.size() == 1 && first == Type::Record ? RecordOf(*ordered[0]->value) : -1;
+        int32_t size = record >= 0 ? SizeOfRecord(record) : SizeOf(first);
+        if (size > 0) {
+            Emit(Op::Pop);
+            Emit(Op::Push, AddConstant(Value(size)));
+            return Type::Long;
+        }
     }
     Emit(Op::CallBuiltin, index, static_cast<uint16_t>(ordered.size()));
+    if (builtin.name == u"array" && syntax.optionBase == 1 && !isQualified) {
+        EmitInternal(u"#fromone", 1);
+    }
     if (builtin.result == Type::Empty) {
         // A statement of the language leaves a value as well, so that all calls are alike.
         Emit(Op::Pop);
         return Type::Empty;
     }
-    return suffix == u'$' ? Type::String : builtin.result;
+    if (suffix == u'$' && builtin.result != Type::String) {
+        // A String can't be Null.
+        Emit(Op::Coerce, 0, 0, static_cast<uint8_t>(Type::String));
+        return Type::String;
+    }
+    return builtin.result;
 }
 
 Type Compiler::EmitExternalCall(int32_t index, const std::vector<ArgumentSyntax>& arguments)
@@ -304,11 +388,12 @@ Type Compiler::EmitMemberCall(const Expression& member, const std::vector<Argume
                 return Type::Empty;
             }
             if (folded == u"vba" && FindSymbol(folded) == nullptr) {
+                RefuseLeftOut(Lower(member.name), member.at);
                 int32_t builtin = FindBuiltin(Lower(member.name));
                 if (builtin < 0) {
                     Fail(member.at, u"Method or data member not found: " + member.name);
                 }
-                return EmitBuiltinCall(builtin, arguments, member.at, member.suffix);
+                return EmitBuiltinCall(builtin, arguments, member.at, member.suffix, true);
             }
             bool isLibrary = options.library != nullptr && options.library->HasLibrary(folded);
             if (isLibrary && FindSymbol(folded) == nullptr && IsHostGlobal(Lower(member.name))) {

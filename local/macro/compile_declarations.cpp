@@ -84,9 +84,6 @@ void Compiler::DeclareRecords()
             if (type.record >= static_cast<int32_t>(i)) {
                 Fail(field.at, u"Forward reference to user-defined type");
             }
-            if (type.fixedLength >= 0) {
-                Fail(field.at, u"A String of fixed length in a user-defined type is not supported");
-            }
             module->records[i].fieldNames.push_back(Lower(field.name));
             module->records[i].fields.push_back(MakeShape(field, type));
         }
@@ -388,6 +385,7 @@ Value MakeInitial(const Module& module, const Shape& shape)
     if (shape.isArray) {
         Ref<Array> array = MakeRef<Array>(shape.type, shape.dimensions, MakeInitial(module, element));
         array->isFixed = shape.isFixed;
+        array->hasFixedTexts = shape.fixedLength >= 0;
         return Value(array);
     }
     if (shape.record >= 0) {
@@ -396,7 +394,7 @@ Value MakeInitial(const Module& module, const Shape& shape)
         std::vector<Type> types;
         for (const Shape& field : definition.fields) {
             fields.push_back(MakeInitial(module, field));
-            types.push_back(field.isArray ? Type::Array : field.type);
+            types.push_back(field.StoredType());
         }
         return Value(MakeRef<Record>(shape.record, std::move(fields), std::move(types)));
     }

@@ -1,6 +1,7 @@
 #include "macro/compiler.h"
 
 #include "macro/convert.h"
+#include "macro/parser.h"
 #include "macro/text.h"
 
 namespace tv::macro {
@@ -212,11 +213,8 @@ const Variable& Compiler::VariableOrImplicit(const Expression& name)
         Fail(name.at, u"Variable not defined: " + name.name);
     }
     undeclared.push_back(UndeclaredVariable{name.name, name.at.line, name.at.column, 0, 0, 0, 0, {}});
-    constexpr std::u16string_view kSuffixes = u"%&!#@$";
-    constexpr Type kSuffixTypes[] = {Type::Integer, Type::Long, Type::Single, Type::Double, Type::Currency, Type::String};
-    size_t suffix = name.suffix == 0 ? std::u16string_view::npos : kSuffixes.find(name.suffix);
     Variable variable;
-    variable.type.type = suffix == std::u16string_view::npos ? Type::Variant : kSuffixTypes[suffix];
+    variable.type.type = name.suffix == 0 ? LetterType(syntax.letterTypes, folded) : SuffixType(name.suffix);
     variable.slot = NewSlot(InitialValue(variable.type.type));
     variable.undeclared = static_cast<int32_t>(undeclared.size()) - 1;
     return scope->variables.emplace(folded, variable).first->second;
@@ -279,12 +277,8 @@ void Compiler::EmitStore(const Variable& variable, bool raw)
     if (UndeclaredVariable* uses = UsesOf(variable)) {
         ++uses->assignments;
     }
-    if (variable.type.fixedLength >= 0 && !variable.isArray) {
-        Emit(Op::Push, AddConstant(Value(variable.type.fixedLength)));
-        EmitInternal(u"#fit", 2);
-    }
     constexpr Op kStores[] = {Op::StoreLocal, Op::StoreParam, Op::StoreGlobal};
-    uint8_t flags = raw ? kRaw : static_cast<uint8_t>(variable.isArray ? Type::Array : variable.type.type);
+    uint8_t flags = raw ? kRaw : static_cast<uint8_t>(variable.StoredType());
     Emit(kStores[static_cast<size_t>(variable.place)], variable.slot, 0, flags);
 }
 
@@ -443,15 +437,43 @@ Type Compiler::EmitBinary(const Expression& expression)
     for (; left->kind == ExpressionKind::Binary; left = left->base.get()) {
         spine.push_back(left);
     }
+    const uint32_t start = Here();
     Type type = EmitValue(*left);
     for (size_t i = spine.size(); i-- > 0;) {
         const Expression& node = *spine[i];
+        const uint32_t rightStart = Here();
         Type right = EmitValue(*node.right);
         OperandTraits traits{IsLoose(type), IsLoose(right), module->compareText};
-        Emit(Op::Binary, 0, PackTraits(traits), static_cast<uint8_t>(node.operation));
+        EmitOperation(node.operation, traits, start, rightStart);
         type = ResultType(node.operation, type, right);
     }
     return type;
+}
+
+void Compiler::EmitOperation(Operator operation, OperandTraits traits, uint32_t leftStart, uint32_t rightStart)
+{
+    std::vector<Instruction>& code = scope->procedure->code;
+    auto isVariable = [](const Instruction& loads) { return loads.op == Op::LoadLocal || loads.op == Op::LoadParam; };
+    auto takeBack = [&] {
+        int32_t target = code.back().target;
+        code.pop_back();
+        scope->procedure->statementOf.pop_back();
+        return target;
+    };
+    // An operand that is one load becomes part of the operation. Nothing jumps between the two.
+    Op op = Op::Binary;
+    int32_t right = 0;
+    int32_t left = 0;
+    if (Here() == rightStart + 1 && (isVariable(code.back()) || code.back().op == Op::Push)) {
+        bool isConstant = code.back().op == Op::Push;
+        right = takeBack();
+        op = isConstant ? Op::BinaryWithConstant : Op::BinaryWithLocal;
+        if (Here() == leftStart + 1 && isVariable(code.back())) {
+            left = takeBack();
+            op = isConstant ? Op::BinaryLocalConstant : Op::BinaryLocals;
+        }
+    }
+    Emit(op, right, PackTraits(traits), static_cast<uint8_t>(operation), left);
 }
 
 void Compiler::EmitNew(const std::u16string& name, const Position& at)
@@ -550,9 +572,9 @@ Compiler::AddressResult Compiler::EmitVariableAddress(const Variable& variable)
              static_cast<uint8_t>(variable.place));
     }
     constexpr Op kAddresses[] = {Op::AddressLocal, Op::AddressParam, Op::AddressGlobal};
-    Type declared = variable.isArray ? Type::Array : variable.type.type;
-    Emit(kAddresses[static_cast<size_t>(variable.place)], variable.slot, 0, static_cast<uint8_t>(declared));
-    return AddressResult{variable.type.type, variable.type.record, variable.isArray, true};
+    Type stored = variable.StoredType();
+    Emit(kAddresses[static_cast<size_t>(variable.place)], variable.slot, 0, static_cast<uint8_t>(stored));
+    return AddressResult{variable.type.type, variable.type.record, variable.isArray, true, stored};
 }
 
 Compiler::AddressResult Compiler::EmitAddress(const Expression& expression)
@@ -575,9 +597,9 @@ Compiler::AddressResult Compiler::EmitAddress(const Expression& expression)
                 EmitWithSubject(expression.at);
             }
             const Shape shape = module->records[static_cast<size_t>(record)].fields[field];
-            Type declared = shape.isArray ? Type::Array : shape.type;
-            Emit(Op::AddressField, static_cast<int32_t>(field), 0, static_cast<uint8_t>(declared));
-            return AddressResult{shape.type, shape.record, shape.isArray, true};
+            Type stored = shape.StoredType();
+            Emit(Op::AddressField, static_cast<int32_t>(field), 0, static_cast<uint8_t>(stored));
+            return AddressResult{shape.type, shape.record, shape.isArray, true, stored};
         }
     }
     if (expression.kind == ExpressionKind::Index && !expression.arguments.empty()) {
@@ -600,12 +622,12 @@ Compiler::AddressResult Compiler::EmitAddress(const Expression& expression)
             AddressResult outer = EmitAddress(base);
             EmitIndices(expression.arguments, expression.at);
             Emit(Op::AddressElement, 0, static_cast<uint16_t>(expression.arguments.size()));
-            return AddressResult{outer.isArray ? outer.type : Type::Variant, outer.isArray ? outer.record : -1, false,
-                                 true};
+            Type element = outer.isArray ? outer.type : Type::Variant;
+            return AddressResult{element, outer.isArray ? outer.record : -1, false, true, element};
         }
     }
     Type type = EmitValue(expression);
-    return AddressResult{type, -1, type == Type::Array, false};
+    return AddressResult{type, -1, type == Type::Array, false, type};
 }
 
 } // namespace tv::macro

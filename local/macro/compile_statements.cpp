@@ -272,10 +272,11 @@ void Compiler::EmitBody(const SelectStatement& statement)
 void Compiler::EmitCaseTest(const SelectStatement::Test& test, const Variable& subject, Type subjectType)
 {
     auto compare = [&](Operator operation, const Expression& value) {
+        const uint32_t start = Here();
         Emit(Op::LoadLocal, subject.slot);
         Type type = EmitValue(value);
         OperandTraits traits{subjectType == Type::Variant, type == Type::Variant, module->compareText};
-        Emit(Op::Binary, 0, PackTraits(traits), static_cast<uint8_t>(operation));
+        EmitOperation(operation, traits, start, start + 1);
     };
     if (!test.upTo) {
         compare(test.operation, *test.value);
@@ -438,6 +439,29 @@ void Compiler::EmitBody(const GoToStatement& statement) { EmitJumpToLabel(Op::Ju
 void Compiler::EmitBody(const GoSubStatement& statement) { EmitJumpToLabel(Op::GoSub, statement.label); }
 void Compiler::EmitBody(const ReturnStatement&) { Emit(Op::ReturnFromSub); }
 
+void Compiler::EmitBody(const OnJumpStatement& statement)
+{
+    Variable number = NewHidden();
+    EmitValue(*statement.number);
+    EmitInternal(u"#choice", 1);
+    Emit(Op::StoreLocal, number.slot, 0, kRaw);
+    std::vector<size_t> toEnd;
+    for (size_t i = 0; i < statement.labels.size(); ++i) {
+        Emit(Op::LoadLocal, number.slot);
+        Emit(Op::Push, AddConstant(Value(static_cast<int32_t>(i) + 1)));
+        Emit(Op::Binary, 0, 0, static_cast<uint8_t>(Operator::Equal));
+        if (!statement.isGoSub) {
+            EmitJumpToLabel(Op::JumpIfTrue, statement.labels[i]);
+            continue;
+        }
+        size_t toNext = Emit(Op::JumpIfFalse);
+        EmitJumpToLabel(Op::GoSub, statement.labels[i]);
+        toEnd.push_back(Emit(Op::Jump));
+        PatchToHere(toNext);
+    }
+    PatchAllToHere(toEnd);
+}
+
 void Compiler::EmitBody(const OnErrorStatement& statement)
 {
     switch (statement.action) {
@@ -530,88 +554,25 @@ void Compiler::EmitInternal(std::u16string_view builtin, size_t count)
     }
 }
 
-void Compiler::EmitBody(const OpenStatement& statement)
+void Compiler::EmitBody(const AlignStatement& statement)
 {
-    EmitValue(*statement.path);
-    Emit(Op::Push, AddConstant(Value(static_cast<int32_t>(statement.mode))));
-    Emit(Op::Push, AddConstant(Value(statement.readOnly)));
-    EmitValue(*statement.number);
-    EmitInternal(u"#open", 4);
-}
-
-void Compiler::EmitBody(const CloseStatement& statement)
-{
-    for (const ExpressionPtr& number : statement.numbers) {
-        EmitValue(*number);
-    }
-    EmitInternal(u"#close", statement.numbers.size());
-}
-
-void Compiler::EmitBody(const PrintStatement& statement)
-{
-    // The layout travels as a text with one letter an item.
-    std::u16string layout;
-    for (const PrintStatement::Item& item : statement.items) {
-        using Kind = PrintStatement::Item::Kind;
-        bool bareTab = item.kind == Kind::Tab && !item.value;
-        constexpr std::u16string_view kLetters = u"v,;st";
-        layout.push_back(bareTab ? u',' : kLetters[static_cast<size_t>(item.kind)]);
-    }
-    Emit(Op::Push, AddConstant(Value(layout)));
-    if (statement.number) {
-        EmitValue(*statement.number);
-    } else {
-        Emit(Op::PushMissing);
-    }
-    size_t count = 2;
-    for (const PrintStatement::Item& item : statement.items) {
-        if (item.value) {
-            EmitValue(*item.value);
-            ++count;
+    int32_t record = RecordOf(*statement.target);
+    if (record >= 0) {
+        // Between values of the same type it is an assignment.
+        if (statement.isRight) {
+            Fail(statement.target->at, u"Type mismatch");
         }
+        if (RecordOf(*statement.value) != record) {
+            Fail(statement.value->at,
+                 u"LSet between different user-defined types is not supported by this macro language");
+        }
+        EmitAssignment(*statement.target, [&] { return EmitValue(*statement.value); }, false);
+        return;
     }
-    EmitInternal(statement.isWrite ? u"#write" : u"#print", count);
-}
-
-void Compiler::EmitBody(const InputStatement& statement)
-{
-    Variable number = NewHidden();
-    EmitValue(*statement.number);
-    Emit(Op::StoreLocal, number.slot, 0, kRaw);
-    for (const ExpressionPtr& target : statement.targets) {
-        Emit(Op::LoadLocal, number.slot);
-        EmitInternal(statement.wholeLine ? u"#lineinput" : u"#input", 1);
-        EmitStoreTo(*target);
-    }
-}
-
-void Compiler::EmitBody(const TransferStatement& statement)
-{
-    EmitValue(*statement.number);
-    if (statement.position) {
-        EmitValue(*statement.position);
-    } else {
-        Emit(Op::PushMissing);
-    }
-    EmitValue(*statement.variable);
-    EmitInternal(statement.isPut ? u"#put" : u"#get", 3);
-    if (!statement.isPut) {
-        EmitStoreTo(*statement.variable);
-    }
-}
-
-void Compiler::EmitBody(const SeekStatement& statement)
-{
-    EmitValue(*statement.number);
-    EmitValue(*statement.position);
-    EmitInternal(u"#seek", 2);
-}
-
-void Compiler::EmitBody(const NameStatement& statement)
-{
-    EmitValue(*statement.from);
-    EmitValue(*statement.to);
-    EmitInternal(u"#name", 2);
+    EmitValue(*statement.target);
+    EmitValue(*statement.value);
+    EmitInternal(statement.isRight ? u"#rset" : u"#lset", 2);
+    EmitStoreTo(*statement.target);
 }
 
 } // namespace tv::macro

@@ -28,6 +28,12 @@ struct Variable
     int32_t slot = 0;
     ResolvedType type;
     bool isArray = false;
+
+    /// The type that a value takes when it is stored in it.
+    Type StoredType() const
+    {
+        return isArray ? Type::Array : type.fixedLength >= 0 ? Type::FixedText : type.type;
+    }
     /// Place among the compiler's undeclared variables, or -1.
     int32_t undeclared = -1;
 };
@@ -204,6 +210,9 @@ private:
     void EmitBody(const TransferStatement& statement);
     void EmitBody(const SeekStatement& statement);
     void EmitBody(const NameStatement& statement);
+    void EmitBody(const OnJumpStatement& statement);
+    void EmitBody(const AlignStatement& statement);
+    void EmitBody(const LockStatement& statement);
     void EmitInternal(std::u16string_view builtin, size_t count);
     void EmitCondition(const Expression& condition);
     void EmitJumpToLabel(Op op, const std::u16string& label);
@@ -217,6 +226,8 @@ private:
     Type EmitBang(const Expression& expression);
     Type EmitIndex(const Expression& expression);
     Type EmitBinary(const Expression& expression);
+    /// The operator over what was emitted from the two addresses on.
+    void EmitOperation(Operator operation, OperandTraits traits, uint32_t leftStart, uint32_t rightStart);
     Type EmitUnary(const Expression& expression);
     void EmitNew(const std::u16string& name, const Position& at);
     Type EmitLoad(const Variable& variable);
@@ -228,8 +239,11 @@ private:
         int32_t record = -1;
         bool isArray = false;
         bool isReference = false;
+        /// The type that a value takes when it is stored there.
+        Type stored = Type::Variant;
     };
     AddressResult EmitAddress(const Expression& expression);
+    Type DeclaredTypeOf(const Expression& target);
     AddressResult EmitVariableAddress(const Variable& variable);
     void EmitWithSubject(const Position& at);
     /// Leaves the value that is assigned and returns its declared type.
@@ -250,11 +264,28 @@ private:
     int32_t RecordOf(const Expression& expression);
 
     // Calls.
+    /// The variables that were given to a ParamArray, which are written back behind the call.
+    struct ParamArrayUse
+    {
+        struct Item
+        {
+            int32_t slot = 0;
+            int32_t index = 0;
+            Type stored = Type::Variant;
+        };
+        int32_t array = -1;
+        std::vector<Item> items;
+    };
+    /// Fails with its name when the function is one that this library leaves out.
+    void RefuseLeftOut(const std::u16string& folded, const Position& at) const;
     std::optional<Type> EmitCallByName(const Expression& name, const std::vector<ArgumentSyntax>& arguments);
     Type EmitProcedureCall(int32_t index, const std::vector<ArgumentSyntax>& arguments, const Position& at);
+    void EmitParamArray(const std::vector<ArgumentSyntax>& arguments, size_t first, ParamArrayUse& use);
+    void EmitWriteBack(const ParamArrayUse& use);
     void EmitArgument(const Parameter& parameter, const ArgumentSyntax* argument, const Position& at);
     Type EmitBuiltinCall(int32_t index, const std::vector<ArgumentSyntax>& arguments, const Position& at,
-                         char16_t suffix);
+                         char16_t suffix, bool isQualified = false);
+    int32_t SizeOfRecord(int32_t record) const;
     Type EmitExternalCall(int32_t index, const std::vector<ArgumentSyntax>& arguments);
     Type EmitMemberCall(const Expression& member, const std::vector<ArgumentSyntax>& arguments);
     /// Returns the index of the arguments' names, or -1.

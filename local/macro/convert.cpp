@@ -16,6 +16,8 @@ namespace {
 
 constexpr double kCurrencyScale = 10000.0;
 
+std::optional<int64_t> ReadScaled(std::u16string_view text, size_t decimals);
+
 bool IsDigit(char16_t unit) { return unit >= u'0' && unit <= u'9'; }
 
 bool IsWhite(char16_t unit) { return unit == u' ' || (unit >= 9 && unit <= 13) || unit == 0xA0; }
@@ -31,8 +33,10 @@ std::u16string_view TrimWhite(std::u16string_view text)
     return text;
 }
 
-std::optional<double> ParseRadix(std::u16string_view digits, int radix)
+std::optional<int64_t> ParseRadix(std::u16string_view digits, int radix)
 {
+    bool isLong = digits.ends_with(u'&');
+    digits.remove_suffix(isLong ? 1 : 0);
     if (digits.empty() || digits.size() > 22) {
         return std::nullopt;
     }
@@ -50,16 +54,16 @@ std::optional<double> ParseRadix(std::u16string_view digits, int radix)
     }
     // Four hexadecimal digits are a signed Integer, eight a signed Long: "&HFFFF" is -1.
     size_t bits = radix == 16 ? significant * 4 : significant * 3;
-    if (bits <= 16 || (radix == 8 && number <= 0xFFFF)) {
-        return static_cast<double>(static_cast<int16_t>(number));
+    if (!isLong && (bits <= 16 || (radix == 8 && number <= 0xFFFF))) {
+        return static_cast<int16_t>(number);
     }
     if (bits <= 32 || (radix == 8 && number <= 0xFFFFFFFF)) {
-        return static_cast<double>(static_cast<int32_t>(number));
+        return static_cast<int32_t>(number);
     }
     if (bits > 66) {
         return std::nullopt;
     }
-    return static_cast<double>(static_cast<int64_t>(number));
+    return static_cast<int64_t>(number);
 }
 
 Value CoerceObject(const Value& value)
@@ -93,6 +97,11 @@ Value ToCurrency(const Value& value)
         }
         return Value::FromCurrency(scaled);
     }
+    case Type::String:
+        if (std::optional<int64_t> scaled = ReadScaled(value.Text(), 4)) {
+            return Value::FromCurrency(*scaled);
+        }
+        [[fallthrough]];
     default: {
         double scaled = RoundHalfEven(ConvertToDouble(value) * kCurrencyScale);
         if (!(scaled >= -9223372036854775808.0 && scaled < 9223372036854775808.0)) {
@@ -144,6 +153,11 @@ Value ToWhole(Type kind, const Value& value)
             return Value::FromByte(value.Truth() ? 255 : 0);
         }
         return WholeNumber(kind, value.Truth() ? int64_t{-1} : int64_t{0});
+    case Type::String:
+        if (std::optional<int64_t> number = ReadScaled(value.Text(), 0)) {
+            return WholeNumber(kind, *number);
+        }
+        [[fallthrough]];
     default:
         return WholeNumber(kind, ConvertToDouble(value));
     }
@@ -193,7 +207,17 @@ Value WholeNumber(Type kind, double number)
     return WholeNumber(kind, static_cast<int64_t>(rounded));
 }
 
-std::optional<double> ParseNumber(std::u16string_view text)
+namespace {
+
+/// A number as its text gives it: either digits in the form of C, or the bits of a hexadecimal or octal number.
+struct NumberWords
+{
+    std::string plain;
+    std::optional<int64_t> bits;
+    bool negative = false;
+};
+
+std::optional<NumberWords> ReadNumberWords(std::u16string_view text)
 {
     text = TrimWhite(text);
     bool negative = false;
@@ -206,7 +230,8 @@ std::optional<double> ParseNumber(std::u16string_view text)
     }
     if (text.size() > 2 && text[0] == u'&') {
         int radix = LowerUnit(text[1]) == u'h' ? 16 : LowerUnit(text[1]) == u'o' ? 8 : 0;
-        return radix == 0 ? std::nullopt : ParseRadix(text.substr(2), radix);
+        std::optional<int64_t> bits = radix == 0 ? std::nullopt : ParseRadix(text.substr(2), radix);
+        return bits ? std::optional(NumberWords{{}, bits, negative}) : std::nullopt;
     }
     std::string plain;
     size_t at = 0;
@@ -248,16 +273,88 @@ std::optional<double> ParseNumber(std::u16string_view text)
     if (at != text.size()) {
         return std::nullopt;
     }
-    double number = std::strtod(plain.c_str(), nullptr);
-    return negative ? -number : number;
+    return NumberWords{std::move(plain), std::nullopt, negative};
 }
 
-std::u16string NumberText(double number)
+/// Whether digits that are cut off round the last kept one up, half to even.
+bool RoundsUp(std::string_view cutOff, bool isOdd)
 {
-    char buffer[40];
-    std::snprintf(buffer, sizeof buffer, "%.15G", number == 0 ? 0.0 : number);
+    if (cutOff.empty() || cutOff[0] != '5') {
+        return !cutOff.empty() && cutOff[0] > '5';
+    }
+    return isOdd || cutOff.find_first_not_of('0', 1) != std::string_view::npos;
+}
+
+/// A text's number times a power of ten, to the last digit, which a Double can't give beyond 15 of them. Nothing when
+/// the text has an exponent or is no number; error 6 when the result is too large.
+std::optional<int64_t> ReadScaled(std::u16string_view text, size_t decimals)
+{
+    std::optional<NumberWords> words = ReadNumberWords(text);
+    if (!words || words->plain.find('e') != std::string::npos || (words->bits && decimals > 0)) {
+        return std::nullopt;
+    }
+    if (words->bits) {
+        return words->negative ? -*words->bits : *words->bits;
+    }
+    std::string_view plain = words->plain;
+    bool negative = words->negative != plain.starts_with('-');
+    plain.remove_prefix(plain[0] == '-' || plain[0] == '+' ? 1 : 0);
+    size_t point = std::min(plain.find('.'), plain.size());
+    std::string digits(plain.substr(0, point));
+    std::string fraction(plain.substr(std::min(point + 1, plain.size())));
+    fraction.resize(std::max(fraction.size(), decimals), '0');
+    digits += fraction.substr(0, decimals);
+    bool overflows = false;
+    int64_t number = 0;
+    for (char digit : digits) {
+        overflows = overflows || __builtin_mul_overflow(number, int64_t{10}, &number) ||
+                    __builtin_sub_overflow(number, int64_t{digit - '0'}, &number);
+    }
+    if (RoundsUp(std::string_view(fraction).substr(decimals), number % 2 != 0)) {
+        overflows = overflows || __builtin_sub_overflow(number, int64_t{1}, &number);
+    }
+    // Counted downwards, since there is one more negative number than positive ones.
+    if (overflows || (!negative && number == std::numeric_limits<int64_t>::min())) {
+        Raise(kOverflow);
+    }
+    return negative ? number : -number;
+}
+
+/// Digits with an exponent only where the number needs more places than that many on either side of the point.
+std::u16string FloatingText(double number, int places)
+{
+    char buffer[48];
+    std::snprintf(buffer, sizeof buffer, "%.*E", places - 1, number == 0 ? 0.0 : number);
+    std::string text = buffer;
+    size_t mark = text.find('E');
+    if (mark == std::string::npos) {
+        return Widen(text);
+    }
+    int exponent = std::atoi(text.c_str() + mark + 1);
+    std::string mantissa = text.substr(0, mark);
+    size_t last = mantissa.find_last_not_of('0');
+    mantissa.resize(mantissa[last] == '.' ? last : last + 1);
+    int fraction = static_cast<int>(mantissa.size() - std::min(mantissa.find('.'), mantissa.size() - 1)) - 1;
+    if (exponent >= places || fraction - exponent > places) {
+        return Widen(mantissa + text.substr(mark));
+    }
+    std::snprintf(buffer, sizeof buffer, "%.*f", std::max(fraction - exponent, 0), number == 0 ? 0.0 : number);
     return Widen(buffer);
 }
+
+} // namespace
+
+std::optional<double> ParseNumber(std::u16string_view text)
+{
+    std::optional<NumberWords> words = ReadNumberWords(text);
+    if (!words) {
+        return std::nullopt;
+    }
+    double number = words->bits ? static_cast<double>(*words->bits) : std::strtod(words->plain.c_str(), nullptr);
+    return words->negative ? -number : number;
+}
+
+std::u16string NumberText(double number) { return FloatingText(number, 15); }
 
 std::u16string CurrencyText(int64_t scaled)
 {
@@ -362,11 +459,8 @@ std::u16string ConvertToText(const Value& given)
     case Type::LongLong:
     case Type::Byte:
         return Widen(std::to_string(value.Whole()));
-    case Type::Single: {
-        char buffer[40];
-        std::snprintf(buffer, sizeof buffer, "%.7G", value.Number() == 0 ? 0.0 : value.Number());
-        return Widen(buffer);
-    }
+    case Type::Single:
+        return FloatingText(value.Number(), 7);
     case Type::Double:
         return NumberText(value.Number());
     case Type::Currency:
@@ -384,6 +478,8 @@ std::u16string ConvertToText(const Value& given)
         return u"Error " + Widen(std::to_string(value.Whole()));
     case Type::Object:
         return ConvertToText(DefaultValue(value));
+    case Type::Array:
+        return TextOfBytes(*value.ArrayPointer()).Text();
     default:
         Raise(kTypeMismatch);
     }
@@ -425,12 +521,41 @@ Value CoerceTo(Type declared, const Value& given)
     case Type::Date:
         return ToDate(value);
     case Type::String:
-        return Value(ConvertToText(value));
+        return value.IsArray() ? TextOfBytes(*value.ArrayPointer()) : Value(ConvertToText(value));
     case Type::Boolean:
         return Value(ConvertToBoolean(value));
     default:
         Raise(kTypeMismatch);
     }
+}
+
+Value FitText(std::u16string text, size_t length)
+{
+    text.resize(length, u' ');
+    return Value(std::move(text));
+}
+
+Ref<Array> BytesOfText(const Value& text)
+{
+    std::string bytes = text.TextBytes();
+    Ref<Array> array =
+        MakeRef<Array>(Type::Byte, std::vector{Dimension{0, static_cast<int32_t>(bytes.size())}}, Value::FromByte(0));
+    for (size_t i = 0; i < bytes.size(); ++i) {
+        array->items[i] = Value::FromByte(static_cast<uint8_t>(bytes[i]));
+    }
+    return array;
+}
+
+Value TextOfBytes(const Array& bytes)
+{
+    if (bytes.elementType != Type::Byte || bytes.dimensions.size() > 1) {
+        Raise(kTypeMismatch);
+    }
+    std::string text;
+    for (const Value& item : bytes.items) {
+        text.push_back(static_cast<char>(item.Whole()));
+    }
+    return Value::FromBytes(text);
 }
 
 Value InitialValue(Type declared)

@@ -14,8 +14,16 @@ std::u16string ConvertToText(const Value& value);
 /// What a variable of the declared type holds after the value was assigned to it.
 Value CoerceTo(Type declared, const Value& value);
 
+/// The text cut or filled with blanks to a length, as a String of fixed length takes it.
+Value FitText(std::u16string text, size_t length);
+
 /// What a variable of the type holds before anything was assigned to it.
 Value InitialValue(Type declared);
+
+/// The bytes of a text as an array of Byte from 0, which is what assigning it to one gives.
+Ref<Array> BytesOfText(const Value& text);
+/// The text that an array of Byte gives; error 13 for other arrays.
+Value TextOfBytes(const Array& bytes);
 
 /// Reads a number as the conversions do: blanks around it, sign, thousands separators, exponent, &H and &O.
 std::optional<double> ParseNumber(std::u16string_view text);

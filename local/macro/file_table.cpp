@@ -1,5 +1,6 @@
 #include "macro/convert.h"
 #include "macro/dates.h"
+#include "macro/file_records.h"
 #include "macro/runtime.h"
 #include "macro/text.h"
 
@@ -20,7 +21,8 @@ bool FileTable::IsOpen(const std::u16string& path) const
                        [&](const auto& entry) { return EqualIgnoringCase(entry.second.path, path); });
 }
 
-void FileTable::Open(int32_t number, const std::u16string& path, OpenMode mode, bool readOnly)
+void FileTable::Open(int32_t number, const std::u16string& path, OpenMode mode, FileSharing sharing,
+                     uint64_t recordLength)
 {
     if (number < 1 || number > kMostNumbers) {
         Raise(kBadFileNumber);
@@ -31,26 +33,47 @@ void FileTable::Open(int32_t number, const std::u16string& path, OpenMode mode, 
     if (path.empty()) {
         Raise(kPathFileAccess);
     }
-    // Only readers may share a file.
-    for (const auto& [other, file] : open) {
-        if (EqualIgnoringCase(file.path, path) &&
-            !(mode == OpenMode::Input && (file.mode == OpenMode::Input || file.mode == OpenMode::Binary)) &&
-            !(mode == OpenMode::Binary && (file.mode == OpenMode::Input || file.mode == OpenMode::Binary))) {
-            Raise(kFileAlreadyOpen);
-        }
-    }
-    constexpr FileAccess kAccess[] = {FileAccess::Read, FileAccess::Write, FileAccess::Append, FileAccess::ReadWrite};
     OpenFile opened;
     opened.path = path;
     opened.mode = mode;
-    opened.readOnly = readOnly || mode == OpenMode::Input;
-    opened.file = files.Open(path, readOnly ? FileAccess::Read : kAccess[static_cast<size_t>(mode)]);
+    opened.sharing = sharing;
+    opened.sharing.writes = sharing.writes && mode != OpenMode::Input;
+    opened.sharing.reads = sharing.reads && mode != OpenMode::Output && mode != OpenMode::Append;
+    opened.recordLength = recordLength;
+    CheckSharing(opened);
+    constexpr FileAccess kAccess[] = {FileAccess::Read, FileAccess::Write, FileAccess::Append, FileAccess::ReadWrite,
+                                      FileAccess::ReadWrite};
+    bool onlyReads = opened.TransfersBytes() && !sharing.writes;
+    opened.file = files.Open(path, onlyReads ? FileAccess::Read : kAccess[static_cast<size_t>(mode)]);
     open.emplace(number, std::move(opened));
+}
+
+void FileTable::CheckSharing(const OpenFile& opening) const
+{
+    auto isExclusive = [](const OpenFile& file) {
+        return file.mode == OpenMode::Output || file.mode == OpenMode::Append;
+    };
+    auto shutsOut = [](const FileSharing& one, const FileSharing& other) {
+        return (one.locksReading && other.reads) || (one.locksWriting && other.writes);
+    };
+    for (const auto& [number, file] : open) {
+        if (!EqualIgnoringCase(file.path, opening.path)) {
+            continue;
+        }
+        if (isExclusive(file) || isExclusive(opening)) {
+            Raise(kFileAlreadyOpen);
+        }
+        if (shutsOut(file.sharing, opening.sharing) || shutsOut(opening.sharing, file.sharing)) {
+            Raise(kPermissionDenied);
+        }
+    }
 }
 
 void FileTable::Close(int32_t number)
 {
-    At(number);
+    if (number < 1 || number > kMostNumbers) {
+        Raise(kBadFileNumber);
+    }
     open.erase(number);
 }
 
@@ -66,7 +89,7 @@ OpenFile& FileTable::At(int32_t number)
 OpenFile& FileTable::ForReading(int32_t number)
 {
     OpenFile& file = At(number);
-    if (file.mode != OpenMode::Input && file.mode != OpenMode::Binary) {
+    if ((file.mode != OpenMode::Input && file.mode != OpenMode::Binary) || !file.sharing.reads) {
         Raise(kBadFileMode);
     }
     return file;
@@ -112,6 +135,13 @@ int FileTable::Take(OpenFile& file)
     int byte = Peek(file);
     file.bufferAt += byte >= 0 ? 1 : 0;
     return byte;
+}
+
+bool FileTable::IsEof(int32_t number)
+{
+    OpenFile& file = At(number);
+    // Where Get reads, the end shows only once something was missing.
+    return file.TransfersBytes() ? file.cameShort : AtEnd(file);
 }
 
 bool FileTable::AtEnd(OpenFile& file)
@@ -160,7 +190,7 @@ std::u16string FileTable::ReadUnits(int32_t number, size_t count)
     return FromNarrow(bytes);
 }
 
-Value FileTable::ReadField(int32_t number)
+Value FileTable::ReadField(int32_t number, Type stored)
 {
     OpenFile& file = ForReading(number);
     while (Peek(file) == ' ' || Peek(file) == '\t') {
@@ -193,6 +223,12 @@ Value FileTable::ReadField(int32_t number)
         return Value(std::move(field));
     }
     field = TrimBlanks(field);
+    if (stored == Type::String || stored == Type::FixedText) {
+        return Value(std::move(field));
+    }
+    if (field.empty()) {
+        return Value();
+    }
     struct Word
     {
         std::u16string_view text;
@@ -203,6 +239,11 @@ Value FileTable::ReadField(int32_t number)
         if (EqualIgnoringCase(field, word.text)) {
             return word.value;
         }
+    }
+    constexpr std::u16string_view kError = u"#ERROR ";
+    if (field.size() > kError.size() && EqualIgnoringCase(field.substr(0, kError.size()), kError)) {
+        std::u16string_view code = std::u16string_view(field).substr(kError.size());
+        return Value::FromError(static_cast<int32_t>(ParseNumber(code.substr(0, code.size() - 1)).value_or(0)));
     }
     if (field.size() > 2 && field.front() == u'#' && field.back() == u'#') {
         if (std::optional<double> date = ParseDate(std::u16string_view(field).substr(1, field.size() - 2))) {
@@ -235,15 +276,8 @@ void FileTable::Seek(OpenFile& file, uint64_t position)
     file.file->Seek(position);
 }
 
-std::string FileTable::ReadBytes(int32_t number, int64_t position, size_t count)
+std::string FileTable::ReadBytes(OpenFile& file, size_t count)
 {
-    OpenFile& file = At(number);
-    if (file.mode != OpenMode::Binary) {
-        Raise(kBadFileMode);
-    }
-    if (position > 0) {
-        Seek(file, static_cast<uint64_t>(position) - 1);
-    }
     std::string bytes;
     while (bytes.size() < count && Peek(file) >= 0) {
         bytes.push_back(static_cast<char>(Take(file)));
@@ -251,17 +285,149 @@ std::string FileTable::ReadBytes(int32_t number, int64_t position, size_t count)
     return bytes;
 }
 
-void FileTable::WriteBytes(int32_t number, int64_t position, std::string_view bytes)
+OpenFile& FileTable::ForTransfer(int32_t number)
 {
     OpenFile& file = At(number);
-    if (file.mode != OpenMode::Binary) {
+    if (!file.TransfersBytes()) {
         Raise(kBadFileMode);
     }
-    if (file.readOnly) {
+    return file;
+}
+
+Value FileTable::Get(int32_t number, int64_t position, const Value& present, Type stored)
+{
+    OpenFile& file = ForTransfer(number);
+    if (!file.sharing.reads) {
         Raise(kPathFileAccess);
     }
-    Seek(file, position > 0 ? static_cast<uint64_t>(position) - 1 : Position(file));
+    if (position > 0) {
+        SeekTo(number, static_cast<uint64_t>(position));
+    }
+    file.cameShort = false;
+    if (!file.HasRecords()) {
+        return FromRecordBytes(present, stored, false, [&](size_t count) {
+            CheckLocks(number, file, Position(file), count);
+            std::string bytes = ReadBytes(file, count);
+            file.cameShort = file.cameShort || bytes.size() < count;
+            bytes.resize(count, '\0');
+            return bytes;
+        });
+    }
+    uint64_t start = (file.nextRecord - 1) * file.recordLength;
+    CheckLocks(number, file, start, file.recordLength);
+    Seek(file, start);
+    std::string record = ReadBytes(file, static_cast<size_t>(file.recordLength));
+    file.cameShort = record.size() < file.recordLength;
+    record.resize(static_cast<size_t>(file.recordLength), '\0');
+    size_t taken = 0;
+    Value value = FromRecordBytes(present, stored, true, [&](size_t count) {
+        if (count > record.size() - taken) {
+            Raise(kBadRecordLength);
+        }
+        taken += count;
+        return record.substr(taken - count, count);
+    });
+    ++file.nextRecord;
+    return value;
+}
+
+void FileTable::Put(int32_t number, int64_t position, const Value& value, Type stored)
+{
+    OpenFile& file = ForTransfer(number);
+    if (!file.sharing.writes) {
+        Raise(kPathFileAccess);
+    }
+    std::string bytes = ToRecordBytes(value, stored, file.HasRecords());
+    if (file.HasRecords() && bytes.size() > file.recordLength) {
+        Raise(kBadRecordLength);
+    }
+    if (position > 0) {
+        SeekTo(number, static_cast<uint64_t>(position));
+    }
+    uint64_t start = file.HasRecords() ? (file.nextRecord - 1) * file.recordLength : Position(file);
+    if (file.HasRecords()) {
+        // A file of records holds whole ones.
+        uint64_t size = file.file->Size();
+        uint64_t end = start + file.recordLength;
+        bytes.resize(static_cast<size_t>(size >= end ? bytes.size() : file.recordLength), '\0');
+        ++file.nextRecord;
+    }
+    CheckLocks(number, file, start, bytes.size());
+    Seek(file, start);
     file.file->Write(bytes);
+}
+
+uint64_t FileTable::NextPosition(int32_t number)
+{
+    OpenFile& file = At(number);
+    return file.HasRecords() ? file.nextRecord : Position(file) + 1;
+}
+
+void FileTable::SeekTo(int32_t number, uint64_t position)
+{
+    OpenFile& file = At(number);
+    file.cameShort = false;
+    if (file.HasRecords()) {
+        constexpr uint64_t kMostRecords = 0x7FFFFFFF;
+        if (position > kMostRecords) {
+            Raise(kBadRecordNumber);
+        }
+        file.nextRecord = position;
+    } else {
+        Seek(file, position - 1);
+    }
+}
+
+uint64_t FileTable::Location(int32_t number)
+{
+    constexpr uint64_t kSequentialBlock = 128;
+    OpenFile& file = At(number);
+    if (file.HasRecords()) {
+        return file.nextRecord - 1;
+    }
+    return file.mode == OpenMode::Binary ? Position(file) : Position(file) / kSequentialBlock;
+}
+
+OpenFile::Range FileTable::RangeOf(const OpenFile& file, uint64_t first, uint64_t last)
+{
+    // A sequential file is locked as a whole.
+    if (first == 0 || !file.TransfersBytes()) {
+        return OpenFile::Range{0, UINT64_MAX};
+    }
+    uint64_t unit = file.HasRecords() ? file.recordLength : 1;
+    return OpenFile::Range{(first - 1) * unit, last * unit};
+}
+
+void FileTable::Lock(int32_t number, uint64_t first, uint64_t last)
+{
+    OpenFile& file = At(number);
+    OpenFile::Range range = RangeOf(file, first, last);
+    CheckLocks(-1, file, range.first, range.end - range.first);
+    file.locks.push_back(range);
+}
+
+void FileTable::Unlock(int32_t number, uint64_t first, uint64_t last)
+{
+    OpenFile& file = At(number);
+    auto found = std::find(file.locks.begin(), file.locks.end(), RangeOf(file, first, last));
+    if (found == file.locks.end()) {
+        Raise(kPermissionDenied);
+    }
+    file.locks.erase(found);
+}
+
+void FileTable::CheckLocks(int32_t number, const OpenFile& file, uint64_t first, uint64_t count) const
+{
+    for (const auto& [other, shared] : open) {
+        if (other == number || !EqualIgnoringCase(shared.path, file.path)) {
+            continue;
+        }
+        for (const OpenFile::Range& lock : shared.locks) {
+            if (first < lock.end && lock.first < first + count) {
+                Raise(kPermissionDenied);
+            }
+        }
+    }
 }
 
 } // namespace tv::macro

@@ -29,7 +29,10 @@ void Arguments::Assign(size_t index, const Value& value)
         return;
     }
     Type declared = values[index].TargetType();
-    values[index].Target() = declared == Type::Variant ? value : CoerceTo(declared, value);
+    Value& target = values[index].Target();
+    target = declared == Type::Variant     ? value
+             : declared == Type::FixedText ? FitText(value.ToText(), target.Text().size())
+                                           : CoerceTo(declared, value);
 }
 
 Arguments Arguments::Ordered(std::span<const std::u16string_view> parameters, std::vector<Value>& storage) const

@@ -44,23 +44,22 @@ StatementBody Parser::ParseOpen()
             Expected(u"Read or Write");
         }
         statement.readOnly = !write;
+        statement.writeOnly = !read;
     }
-    if (TakeWord(u"shared")) {
-    } else if (TakeWord(u"lock")) {
-        bool read = TakeWord(u"read");
-        bool write = TakeWord(u"write");
-        if (!read && !write) {
+    if (TakeWord(u"lock")) {
+        statement.locksReading = TakeWord(u"read");
+        statement.locksWriting = TakeWord(u"write");
+        if (!statement.locksReading && !statement.locksWriting) {
             Expected(u"Read or Write");
         }
+    } else {
+        TakeWord(u"shared");
     }
     ExpectWord(u"as", u"As");
     statement.number = ParseFileNumber();
     if (TakeWord(u"len")) {
         ExpectSymbol(u"=");
         statement.recordLength = ParseExpression();
-    }
-    if (statement.mode == OpenStatement::Mode::Random) {
-        Unsupported(u"Open For Random");
     }
     return statement;
 }
@@ -178,6 +177,23 @@ StatementBody Parser::ParseSeek()
     statement.number = ParseFileNumber();
     ExpectSymbol(u",");
     statement.position = ParseExpression();
+    return statement;
+}
+
+StatementBody Parser::ParseLock(bool isUnlock)
+{
+    ++at;
+    LockStatement statement;
+    statement.isUnlock = isUnlock;
+    statement.number = ParseFileNumber();
+    if (TakeSymbol(u",")) {
+        if (!IsWord(u"to")) {
+            statement.first = ParseExpression();
+        }
+        if (TakeWord(u"to")) {
+            statement.last = ParseExpression();
+        }
+    }
     return statement;
 }
 

@@ -16,8 +16,8 @@ struct StrayWord
 };
 
 constexpr StrayWord kStrayWords[] = {
-    {u"else", u"Else without If"},     {u"elseif", u"Else without If"},  {u"endif", u"End If without block If"},
-    {u"next", u"Next without For"},    {u"loop", u"Loop without Do"},    {u"wend", u"Wend without While"},
+    {u"else", u"Else without If"},          {u"elseif", u"Else without If"}, {u"endif", u"End If without block If"},
+    {u"next", u"Next without For"},         {u"loop", u"Loop without Do"},   {u"wend", u"Wend without While"},
     {u"case", u"Case without Select Case"},
 };
 
@@ -28,8 +28,7 @@ struct RefusedWord
 };
 
 constexpr RefusedWord kRefusedStatements[] = {
-    {u"lset", u"LSet"},   {u"rset", u"RSet"},       {u"lock", u"Lock"},
-    {u"unlock", u"Unlock"}, {u"raiseevent", u"RaiseEvent"}, {u"stop", u"Stop"},
+    {u"raiseevent", u"RaiseEvent"},
 };
 
 } // namespace
@@ -84,8 +83,8 @@ void Parser::ParseLineStart(Block& block)
         return;
     }
     constexpr std::u16string_view kStatementWords[] = {u"doevents", u"beep", u"randomize", u"reset"};
-    bool isStatement = std::find(std::begin(kStatementWords), std::end(kStatementWords), token.folded) !=
-                       std::end(kStatementWords);
+    bool isStatement =
+        std::find(std::begin(kStatementWords), std::end(kStatementWords), token.folded) != std::end(kStatementWords);
     if (token.kind == TokenKind::Name && !IsReservedWord(token.folded) && !isStatement && IsSymbol(Ahead(1), u":")) {
         block.push_back(Statement{token.at, LabelStatement{token.text}});
         at += 2;
@@ -221,6 +220,16 @@ StatementBody Parser::ParseStatementBody()
     }
     if (TakeWord(u"return")) {
         return ReturnStatement{};
+    }
+    if (TakeWord(u"stop")) {
+        // There is no debugger to stop for: it ends the macro, as in a compiled program.
+        return EndStatement{};
+    }
+    if (IsWord(u"lset") || IsWord(u"rset")) {
+        return ParseAlign(IsWord(u"rset"));
+    }
+    if (IsWord(u"lock") || IsWord(u"unlock")) {
+        return ParseLock(IsWord(u"unlock"));
     }
     if (IsWord(u"end")) {
         if (Ahead(1).kind == TokenKind::Name) {
@@ -375,8 +384,8 @@ SelectStatement::Test Parser::ParseCaseTest()
         Operator operation;
     };
     static constexpr Comparison kComparisons[] = {
-        {u"=", Operator::Equal},       {u"<>", Operator::NotEqual},   {u"<", Operator::Less},
-        {u">", Operator::Greater},     {u"<=", Operator::LessOrEqual}, {u">=", Operator::GreaterOrEqual},
+        {u"=", Operator::Equal},   {u"<>", Operator::NotEqual},    {u"<", Operator::Less},
+        {u">", Operator::Greater}, {u"<=", Operator::LessOrEqual}, {u">=", Operator::GreaterOrEqual},
     };
     SelectStatement::Test test;
     bool hasIs = TakeWord(u"is");
@@ -402,12 +411,30 @@ void Parser::TakeNextVariables()
     if (AtEndOfStatement()) {
         return;
     }
-    int count = 0;
+    size_t count = 0;
     do {
-        ParsePostfix();
+        Position where = Here();
+        ExpressionPtr variable = ParsePostfix();
+        if (count == forVariables.size()) {
+            throw CompileFailure{where, u"Next without For"};
+        }
+        const std::u16string& expected = forVariables[forVariables.size() - 1 - count];
+        if (variable->kind != ExpressionKind::Name || Lower(variable->name) != expected) {
+            throw CompileFailure{where, u"Invalid Next control variable reference"};
+        }
         ++count;
     } while (TakeSymbol(u","));
-    pendingNext = count - 1;
+    pendingNext = static_cast<int>(count) - 1;
+}
+
+/// Notes the variable of a loop that begins.
+void Parser::OpenFor(const Expression& variable)
+{
+    std::u16string folded = variable.kind == ExpressionKind::Name ? Lower(variable.name) : std::u16string();
+    if (!folded.empty() && std::find(forVariables.begin(), forVariables.end(), folded) != forVariables.end()) {
+        throw CompileFailure{variable.at, u"For control variable already in use"};
+    }
+    forVariables.push_back(std::move(folded));
 }
 
 StatementBody Parser::ParseFor()
@@ -431,6 +458,7 @@ StatementBody Parser::ParseFor()
         }
     }
     ExpectEndOfStatement();
+    OpenFor(isEach ? *each.variable : *counted.variable);
     Block block = ParseBlock({u"next"});
     Position end = Here();
     if (pendingNext > 0) {
@@ -439,6 +467,7 @@ StatementBody Parser::ParseFor()
         ExpectWord(u"next", u"Next");
         TakeNextVariables();
     }
+    forVariables.pop_back();
     if (isEach) {
         each.block = std::move(block);
         each.end = end;
@@ -512,7 +541,7 @@ StatementBody Parser::ParseOn()
     ++at;
     TakeWord(u"local");
     if (!TakeWord(u"error")) {
-        Unsupported(u"On ... GoTo with a list of labels");
+        return ParseOnJump();
     }
     OnErrorStatement statement;
     if (TakeWord(u"resume")) {
@@ -527,8 +556,32 @@ StatementBody Parser::ParseOn()
         return statement;
     }
     statement.label = ParseLabel();
-    statement.action =
-        statement.label == u"0" ? OnErrorStatement::Action::Off : OnErrorStatement::Action::GoTo;
+    statement.action = statement.label == u"0" ? OnErrorStatement::Action::Off : OnErrorStatement::Action::GoTo;
+    return statement;
+}
+
+StatementBody Parser::ParseOnJump()
+{
+    OnJumpStatement statement;
+    statement.number = ParseExpression();
+    statement.isGoSub = TakeWord(u"gosub");
+    if (!statement.isGoSub) {
+        ExpectWord(u"goto", u"GoTo or GoSub");
+    }
+    do {
+        statement.labels.push_back(ParseLabel());
+    } while (TakeSymbol(u","));
+    return statement;
+}
+
+StatementBody Parser::ParseAlign(bool isRight)
+{
+    ++at;
+    AlignStatement statement;
+    statement.isRight = isRight;
+    statement.target = ParseTarget();
+    ExpectSymbol(u"=");
+    statement.value = ParseExpression();
     return statement;
 }
 
@@ -544,8 +597,7 @@ StatementBody Parser::ParseResume()
         return statement;
     }
     statement.label = ParseLabel();
-    statement.target =
-        statement.label == u"0" ? ResumeStatement::Target::Same : ResumeStatement::Target::Label;
+    statement.target = statement.label == u"0" ? ResumeStatement::Target::Same : ResumeStatement::Target::Label;
     return statement;
 }
 
@@ -598,7 +650,9 @@ StatementBody Parser::ParseReDim()
         if (item.bounds.empty()) {
             Expected(u"expression");
         }
-        item.type = ParseAsClause(0);
+        if (TakeWord(u"as")) {
+            item.type = ParseWrittenType();
+        }
         statement.items.push_back(std::move(item));
     } while (TakeSymbol(u","));
     return statement;

@@ -10,17 +10,18 @@ namespace tv::macro {
 namespace {
 
 constexpr auto kReservedWords = std::to_array<std::u16string_view>({
-    u"addressof", u"and",    u"any",     u"as",      u"boolean", u"byref",      u"byte",     u"byval",   u"call",
-    u"case",      u"close",  u"const",   u"currency", u"date",   u"declare",    u"dim",      u"do",      u"double",
-    u"each",      u"else",   u"elseif",  u"empty",   u"end",     u"endif",      u"enum",     u"eqv",     u"erase",
-    u"event",     u"exit",   u"false",   u"for",     u"friend",  u"function",   u"get",      u"global",  u"gosub",
-    u"goto",      u"if",     u"imp",     u"implements", u"in",   u"input",      u"integer",  u"is",      u"let",
-    u"like",      u"lock",   u"long",    u"longlong", u"longptr", u"loop",      u"lset",     u"mod",     u"new",
-    u"next",      u"not",    u"nothing", u"null",    u"on",      u"open",       u"option",   u"optional", u"or",
-    u"paramarray", u"preserve", u"print", u"private", u"public", u"put",        u"raiseevent", u"redim", u"rem",
-    u"resume",    u"return", u"rset",    u"select",  u"set",     u"single",     u"static",   u"stop",    u"string",
-    u"sub",       u"then",   u"to",      u"true",    u"type",    u"typeof",     u"unlock",   u"until",   u"variant",
-    u"wend",      u"while",  u"with",    u"withevents", u"write", u"xor",
+    u"addressof", u"and",     u"any",     u"as",     u"boolean",  u"byref",      u"byte",    u"byval",
+    u"call",      u"case",    u"close",   u"const",  u"currency", u"date",       u"declare", u"dim",
+    u"do",        u"double",  u"each",    u"else",   u"elseif",   u"empty",      u"end",     u"endif",
+    u"enum",      u"eqv",     u"erase",   u"event",  u"exit",     u"false",      u"for",     u"friend",
+    u"function",  u"get",     u"global",  u"gosub",  u"goto",     u"if",         u"imp",     u"implements",
+    u"in",        u"input",   u"integer", u"is",     u"let",      u"like",       u"lock",    u"long",
+    u"longlong",  u"longptr", u"loop",    u"lset",   u"mod",      u"new",        u"next",    u"not",
+    u"nothing",   u"null",    u"on",      u"open",   u"option",   u"optional",   u"or",      u"paramarray",
+    u"preserve",  u"print",   u"private", u"public", u"put",      u"raiseevent", u"redim",   u"rem",
+    u"resume",    u"return",  u"rset",    u"select", u"set",      u"single",     u"static",  u"stop",
+    u"string",    u"sub",     u"then",    u"to",     u"true",     u"type",       u"typeof",  u"unlock",
+    u"until",     u"variant", u"wend",    u"while",  u"with",     u"withevents", u"write",   u"xor",
 });
 
 struct NamedType
@@ -30,12 +31,27 @@ struct NamedType
 };
 
 constexpr NamedType kTypes[] = {
-    {u"boolean", Type::Boolean},   {u"byte", Type::Byte},     {u"integer", Type::Integer},
-    {u"long", Type::Long},         {u"longlong", Type::LongLong}, {u"longptr", Type::LongLong},
-    {u"single", Type::Single},     {u"double", Type::Double}, {u"currency", Type::Currency},
-    {u"date", Type::Date},         {u"string", Type::String}, {u"object", Type::Object},
+    {u"boolean", Type::Boolean},   {u"byte", Type::Byte},        {u"integer", Type::Integer}, {u"long", Type::Long},
+    {u"longlong", Type::LongLong}, {u"longptr", Type::LongLong}, {u"single", Type::Single},   {u"double", Type::Double},
+    {u"currency", Type::Currency}, {u"date", Type::Date},        {u"string", Type::String},   {u"object", Type::Object},
     {u"variant", Type::Variant},   {u"any", Type::Variant},
 };
+
+struct LetterStatement
+{
+    std::u16string_view folded;
+    Type type;
+};
+
+constexpr LetterStatement kLetterStatements[] = {
+    {u"defbool", Type::Boolean}, {u"defbyte", Type::Byte},       {u"defcur", Type::Currency},
+    {u"defdate", Type::Date},    {u"defdbl", Type::Double},      {u"defint", Type::Integer},
+    {u"deflng", Type::Long},     {u"deflnglng", Type::LongLong}, {u"deflngptr", Type::LongLong},
+    {u"defobj", Type::Object},   {u"defsng", Type::Single},      {u"defstr", Type::String},
+    {u"defvar", Type::Variant},
+};
+
+} // namespace
 
 Type SuffixType(char16_t suffix)
 {
@@ -57,7 +73,11 @@ Type SuffixType(char16_t suffix)
     }
 }
 
-} // namespace
+Type LetterType(const std::array<Type, 26>& letterTypes, std::u16string_view folded)
+{
+    bool isLetter = !folded.empty() && folded.front() >= u'a' && folded.front() <= u'z';
+    return isLetter ? letterTypes[static_cast<size_t>(folded.front() - u'a')] : Type::Variant;
+}
 
 Expression::~Expression()
 {
@@ -126,7 +146,10 @@ bool Parser::AtEndOfLine() const
     return Current().kind == TokenKind::EndOfLine || Current().kind == TokenKind::EndOfText;
 }
 
-bool Parser::AtEndOfStatement() const { return AtEndOfLine() || IsSymbol(u":"); }
+bool Parser::AtEndOfStatement() const
+{
+    return AtEndOfLine() || IsSymbol(u":");
+}
 
 void Parser::ExpectEndOfStatement()
 {
@@ -160,7 +183,10 @@ void Parser::Fail(std::u16string message) const
     throw CompileFailure{Here(), std::move(message)};
 }
 
-void Parser::Expected(std::u16string_view what) const { Fail(u"Expected: " + std::u16string(what)); }
+void Parser::Expected(std::u16string_view what) const
+{
+    Fail(u"Expected: " + std::u16string(what));
+}
 
 void Parser::Unsupported(std::u16string_view what) const
 {
@@ -187,6 +213,10 @@ void Parser::ParseModuleLine(ModuleSyntax& module)
     }
     if (TakeWord(u"option")) {
         return ParseOption(module);
+    }
+    if (std::any_of(std::begin(kLetterStatements), std::end(kLetterStatements),
+                    [this](const LetterStatement& known) { return IsWord(known.folded); })) {
+        return ParseLetterTypes(module);
     }
     bool isVariable = false;
     if (TakeWord(u"public") || TakeWord(u"private") || TakeWord(u"global")) {
@@ -219,11 +249,8 @@ void Parser::ParseModuleLine(ModuleSyntax& module)
         std::u16string_view shown;
     };
     constexpr Refused kRefused[] = {
-        {u"implements", u"Implements"}, {u"event", u"Event"},   {u"withevents", u"WithEvents"},
-        {u"defint", u"DefInt"},         {u"deflng", u"DefLng"}, {u"defstr", u"DefStr"},
-        {u"defdbl", u"DefDbl"},         {u"defbool", u"DefBool"}, {u"defvar", u"DefVar"},
-        {u"defobj", u"DefObj"},         {u"defsng", u"DefSng"}, {u"defdate", u"DefDate"},
-        {u"defcur", u"DefCur"},         {u"defbyte", u"DefByte"}, {u"begin", u"A form or class header"},
+        {u"implements", u"Implements"},        {u"event", u"Event"},   {u"withevents", u"WithEvents"},
+        {u"begin", u"A form or class header"}, {u"defdec", u"DefDec"},
     };
     for (const Refused& refused : kRefused) {
         if (IsWord(refused.word)) {
@@ -262,6 +289,34 @@ void Parser::ParseOption(ModuleSyntax& module)
     }
 }
 
+/// `DefInt I-N, X`
+void Parser::ParseLetterTypes(ModuleSyntax& module)
+{
+    const std::u16string folded = tokens[at++].folded;
+    Type type =
+        std::find_if(std::begin(kLetterStatements), std::end(kLetterStatements), [&](const LetterStatement& known) {
+            return known.folded == folded;
+        })->type;
+    auto takeLetter = [this] {
+        const Token& token = Current();
+        bool isLetter = token.kind == TokenKind::Name && token.folded.size() == 1 && token.folded[0] >= u'a' &&
+                        token.folded[0] <= u'z';
+        if (!isLetter) {
+            Expected(u"letter");
+        }
+        ++at;
+        return static_cast<size_t>(token.folded[0] - u'a');
+    };
+    do {
+        size_t first = takeLetter();
+        size_t last = TakeSymbol(u"-") ? takeLetter() : first;
+        for (size_t letter = std::min(first, last); letter <= std::max(first, last); ++letter) {
+            letterTypes[letter] = type;
+        }
+    } while (TakeSymbol(u","));
+    module.letterTypes = letterTypes;
+}
+
 void Parser::ParseDeclare(ModuleSyntax& module)
 {
     DeclareSyntax declare;
@@ -274,7 +329,6 @@ void Parser::ParseDeclare(ModuleSyntax& module)
     declare.at = Here();
     const Token& name = ExpectName();
     declare.name = name.text;
-    char16_t suffix = name.suffix;
     TakeWord(u"cdecl");
     ExpectWord(u"lib", u"Lib");
     auto takeText = [this] {
@@ -288,7 +342,7 @@ void Parser::ParseDeclare(ModuleSyntax& module)
     if (IsSymbol(u"(")) {
         declare.parameters = ParseParameters();
     }
-    declare.result = ParseAsClause(suffix);
+    declare.result = ParseAsClause(name);
     if (!declare.isFunction && declare.result.isGiven) {
         Expected(u"end of statement");
     }
@@ -311,13 +365,13 @@ void Parser::ParseRecord(ModuleSyntax& module)
         if (Current().kind != TokenKind::Name) {
             Expected(u"identifier");
         }
-        char16_t suffix = Current().suffix;
-        field.name = tokens[at++].text;
+        const Token& name = tokens[at++];
+        field.name = name.text;
         if (IsSymbol(u"(")) {
             field.isArray = true;
             field.bounds = ParseBounds();
         }
-        field.type = ParseAsClause(suffix);
+        field.type = ParseAsClause(name);
         if (!field.type.isGiven) {
             Expected(u"As");
         }
@@ -378,13 +432,12 @@ void Parser::ParseProcedure(ModuleSyntax& module, bool isStatic)
     procedure.at = Here();
     const Token& name = ExpectName();
     procedure.name = name.text;
-    char16_t suffix = name.suffix;
     if (IsSymbol(u"(")) {
         procedure.parameters = ParseParameters();
     }
     bool hasResult = procedure.kind == ProcedureKind::Function || procedure.kind == ProcedureKind::PropertyGet;
     if (hasResult) {
-        procedure.result = ParseAsClause(suffix);
+        procedure.result = ParseAsClause(name);
         if (procedure.result.isGiven && TakeSymbol(u"(")) {
             ExpectSymbol(u")");
             procedure.resultIsArray = true;
@@ -434,12 +487,11 @@ ParameterSyntax Parser::ParseParameter()
     parameter.at = Here();
     const Token& name = ExpectName();
     parameter.name = name.text;
-    char16_t suffix = name.suffix;
     if (TakeSymbol(u"(")) {
         ExpectSymbol(u")");
         parameter.isArray = true;
     }
-    parameter.type = ParseAsClause(suffix);
+    parameter.type = ParseAsClause(name);
     if (TakeSymbol(u"=")) {
         if (!parameter.isOptional) {
             Expected(u"Optional");
@@ -470,12 +522,11 @@ VariableSyntax Parser::ParseVariable()
     variable.at = Here();
     const Token& name = ExpectName();
     variable.name = name.text;
-    char16_t suffix = name.suffix;
     if (IsSymbol(u"(")) {
         variable.isArray = true;
         variable.bounds = ParseBounds();
     }
-    variable.type = ParseAsClause(suffix);
+    variable.type = ParseAsClause(name);
     return variable;
 }
 
@@ -510,8 +561,7 @@ std::vector<ConstantSyntax> Parser::ParseConstants()
         constant.at = Here();
         const Token& name = ExpectName();
         constant.name = name.text;
-        char16_t suffix = name.suffix;
-        constant.type = ParseAsClause(suffix);
+        constant.type = ParseAsClause(name);
         ExpectSymbol(u"=");
         constant.value = ParseExpression();
         constants.push_back(std::move(constant));
@@ -519,15 +569,20 @@ std::vector<ConstantSyntax> Parser::ParseConstants()
     return constants;
 }
 
-TypeSyntax Parser::ParseAsClause(char16_t suffix)
+TypeSyntax Parser::ParseAsClause(const Token& name)
 {
-    if (!TakeWord(u"as")) {
-        TypeSyntax type;
-        type.at = Here();
-        type.type = SuffixType(suffix);
-        type.isGiven = suffix != 0;
-        return type;
+    if (TakeWord(u"as")) {
+        return ParseWrittenType();
     }
+    TypeSyntax type;
+    type.at = Here();
+    type.isGiven = name.suffix != 0;
+    type.type = type.isGiven ? SuffixType(name.suffix) : LetterType(letterTypes, name.folded);
+    return type;
+}
+
+TypeSyntax Parser::ParseWrittenType()
+{
     bool isNew = TakeWord(u"new");
     TypeSyntax type = ParseTypeName();
     type.isNew = isNew;

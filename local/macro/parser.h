@@ -51,7 +51,10 @@ private:
     VariableSyntax ParseVariable();
     std::vector<BoundSyntax> ParseBounds();
     std::vector<ConstantSyntax> ParseConstants();
-    TypeSyntax ParseAsClause(char16_t suffix);
+    void ParseLetterTypes(ModuleSyntax& module);
+    /// The type behind As; without As that of the name's suffix or first letter.
+    TypeSyntax ParseAsClause(const Token& name);
+    TypeSyntax ParseWrittenType();
     TypeSyntax ParseTypeName();
 
     // Statements.
@@ -71,6 +74,9 @@ private:
     StatementBody ParseWhile();
     StatementBody ParseWith();
     StatementBody ParseOn();
+    StatementBody ParseOnJump();
+    StatementBody ParseAlign(bool isRight);
+    StatementBody ParseLock(bool isUnlock);
     StatementBody ParseResume();
     StatementBody ParseExit();
     StatementBody ParseReDim();
@@ -91,6 +97,7 @@ private:
     /// Closes a block that ends with `End <word>`.
     void ExpectEnd(std::u16string_view folded, std::u16string_view shown);
     void TakeNextVariables();
+    void OpenFor(const Expression& variable);
 
     // Expressions.
     ExpressionPtr ParseExpression();
@@ -121,7 +128,15 @@ private:
     int depth = 0;
     /// Loops that a `Next i, j` still has to close.
     int pendingNext = 0;
+    /// Folded names of the variables of the For loops around, the innermost last.
+    std::vector<std::u16string> forVariables;
+    std::array<Type, 26> letterTypes = EveryLetter(Type::Variant);
 };
+
+/// The type that a suffix such as "%" gives; Variant without one.
+Type SuffixType(char16_t suffix);
+/// The type of a name without a type of its own.
+Type LetterType(const std::array<Type, 26>& letterTypes, std::u16string_view folded);
 
 /// Words that can't be names of variables or procedures.
 bool IsReservedWord(std::u16string_view folded);

@@ -47,6 +47,8 @@ void Runner::StoreInto(Value& target, Value value, uint8_t flags)
         target = std::move(value);
     } else if (declared == Type::Array) {
         StoreArray(target, std::move(value));
+    } else if (declared == Type::FixedText) {
+        target = FitText(value.ToText(), target.Text().size());
     } else if (declared == Type::Record) {
         bool same = value.Kind() == Type::Record && target.Kind() == Type::Record &&
                     value.RecordPointer()->typeIndex == target.RecordPointer()->typeIndex;
@@ -61,6 +63,9 @@ void Runner::StoreInto(Value& target, Value value, uint8_t flags)
 
 void Runner::StoreArray(Value& target, Value value)
 {
+    if (value.IsString() && target.IsArray() && target.ArrayPointer()->elementType == Type::Byte) {
+        value = Value(BytesOfText(value));
+    }
     if (!value.IsArray()) {
         Raise(kTypeMismatch);
     }
@@ -136,7 +141,7 @@ void Runner::WriteElement(Value& base, std::span<Value> indices, Value value, bo
         if (isSet && array.elementType != Type::Variant && array.elementType != Type::Object) {
             Raise(kObjectRequired);
         }
-        return StoreInto(element, std::move(value), isSet ? kRaw : static_cast<uint8_t>(array.elementType));
+        return StoreInto(element, std::move(value), isSet ? kRaw : static_cast<uint8_t>(array.StoredType()));
     }
     if (base.IsObject()) {
         static const MemberName defaultMember;
@@ -156,7 +161,7 @@ void Runner::AddressElement(const Instruction& instruction)
     if (base.IsArray()) {
         Array& array = UniqueArray(base);
         Value& element = array.At(indices);
-        result = Value::ReferenceTo(MakeRef<ReferenceBox>(&element, Ref<Array>(&array)), array.elementType);
+        result = Value::ReferenceTo(MakeRef<ReferenceBox>(&element, Ref<Array>(&array)), array.StoredType());
     } else {
         result = ReadElement(base, indices);
     }
@@ -201,26 +206,21 @@ void Runner::ReDim(const Instruction& instruction)
     Type elementType = old != nullptr ? old->elementType : shape.type;
     Value initial = old != nullptr && !old->initialValue.IsEmpty() ? old->initialValue : MakeInitial(module, shape);
     Ref<Array> created = MakeRef<Array>(elementType, dimensions, initial);
+    created->hasFixedTexts = old != nullptr ? old->hasFixedTexts : shape.fixedLength >= 0;
     bool preserve = instruction.flags == 1 && old != nullptr && !old->dimensions.empty();
     if (preserve) {
         bool sameShape = old->dimensions.size() == dimensions.size();
-        size_t outer = 1;
         for (size_t i = 0; sameShape && i + 1 < dimensions.size(); ++i) {
             sameShape = old->dimensions[i].lower == dimensions[i].lower &&
                         old->dimensions[i].count == dimensions[i].count;
-            outer *= static_cast<size_t>(dimensions[i].count);
         }
         // Only the last dimension may change, and only at its end.
         if (!sameShape || old->dimensions.back().lower != dimensions.back().lower) {
             Raise(kSubscriptOutOfRange);
         }
-        size_t oldRow = static_cast<size_t>(old->dimensions.back().count);
-        size_t newRow = static_cast<size_t>(dimensions.back().count);
-        for (size_t row = 0; row < outer; ++row) {
-            for (size_t i = 0; i < std::min(oldRow, newRow); ++i) {
-                created->items[row * newRow + i] = old->items[row * oldRow + i];
-            }
-        }
+        // The last index moves slowest, so that what is kept comes first.
+        size_t kept = std::min(old->items.size(), created->items.size());
+        std::copy_n(old->items.begin(), kept, created->items.begin());
     }
     holder = Value(created);
 }
@@ -240,6 +240,7 @@ void Runner::EraseArray()
         MakeRef<Array>(array->elementType, array->isFixed ? array->dimensions : std::vector<Dimension>{},
                        array->initialValue);
     emptied->isFixed = array->isFixed;
+    emptied->hasFixedTexts = array->hasFixedTexts;
     holder = Value(emptied);
 }
 
@@ -334,7 +335,8 @@ void Runner::Binary(const Instruction& instruction)
             Top() = kind == Type::Long ? Value(static_cast<int32_t>(sum)) : Value(static_cast<int16_t>(sum));
             return;
         }
-    } else if (operation == Operator::Concatenate && left.IsString() && right.IsString()) {
+    } else if (operation == Operator::Concatenate && left.IsString() && right.IsString() && !left.EndsInHalf() &&
+               !right.EndsInHalf()) {
         const std::u16string& first = left.Text();
         const std::u16string& second = right.Text();
         std::u16string joined;

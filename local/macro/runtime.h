@@ -38,15 +38,42 @@ enum class OpenMode
     Output,
     Append,
     Binary,
+    Random,
+};
+
+/// How a file is shared: what this number does with it, and what others may not do meanwhile.
+struct FileSharing
+{
+    bool reads = true;
+    bool writes = true;
+    bool locksReading = false;
+    bool locksWriting = false;
 };
 
 /// A file that Open has opened.
 struct OpenFile
 {
+    /// Bytes from the first up to but without the end.
+    struct Range
+    {
+        uint64_t first = 0;
+        uint64_t end = 0;
+        bool operator==(const Range&) const = default;
+    };
+
+    bool HasRecords() const { return mode == OpenMode::Random; }
+    bool TransfersBytes() const { return mode == OpenMode::Binary || mode == OpenMode::Random; }
+
     std::unique_ptr<File> file;
     std::u16string path;
     OpenMode mode = OpenMode::Input;
-    bool readOnly = false;
+    FileSharing sharing;
+    std::vector<Range> locks;
+    /// Bytes of one record of a Random file, and the record that comes next, from 1.
+    uint64_t recordLength = 0;
+    uint64_t nextRecord = 1;
+    /// The last Get found less than it asked for.
+    bool cameShort = false;
     /// Column of the next printed character, counted from 0.
     size_t column = 0;
     /// Bytes read ahead of what was taken.
@@ -60,7 +87,8 @@ class FileTable
 public:
     explicit FileTable(FileSystem& system) : files(system) {}
 
-    void Open(int32_t number, const std::u16string& path, OpenMode mode, bool readOnly);
+    void Open(int32_t number, const std::u16string& path, OpenMode mode, FileSharing sharing, uint64_t recordLength);
+    /// A number that isn't open stays closed.
     void Close(int32_t number);
     void CloseAll() { open.clear(); }
     /// Error 52 when the number isn't open.
@@ -70,23 +98,40 @@ public:
     OpenFile& ForPrinting(int32_t number);
     int32_t FreeNumber(bool upperRange) const;
 
-    bool AtEnd(OpenFile& file);
+    /// The function EOF.
+    bool IsEof(int32_t number);
     std::u16string ReadLine(int32_t number);
     std::u16string ReadUnits(int32_t number, size_t count);
     /// One field of Input #.
-    Value ReadField(int32_t number);
+    ///
+    /// \param stored declared type of the variable: a text is taken as it stands, a number may be missing
+    Value ReadField(int32_t number, Type stored);
     void Print(int32_t number, std::u16string_view text);
 
-    /// Bytes of Get and Put; the position counts from 1, 0 means on from here.
-    std::string ReadBytes(int32_t number, int64_t position, size_t count);
-    void WriteBytes(int32_t number, int64_t position, std::string_view bytes);
-    uint64_t Position(OpenFile& file);
-    void Seek(OpenFile& file, uint64_t position);
+    /// Get and Put. The position counts records or bytes from 1; 0 means on from here.
+    Value Get(int32_t number, int64_t position, const Value& present, Type stored);
+    void Put(int32_t number, int64_t position, const Value& value, Type stored);
+    /// Where the next byte or record lies, from 1, and going there.
+    uint64_t NextPosition(int32_t number);
+    void SeekTo(int32_t number, uint64_t position);
+    /// The function Loc.
+    uint64_t Location(int32_t number);
+    /// Lock and Unlock of records or bytes from 1; 0 to 0 is the whole file.
+    void Lock(int32_t number, uint64_t first, uint64_t last);
+    void Unlock(int32_t number, uint64_t first, uint64_t last);
 
     FileSystem& System() { return files; }
     bool IsOpen(const std::u16string& path) const;
 
 private:
+    OpenFile& ForTransfer(int32_t number);
+    void CheckSharing(const OpenFile& opening) const;
+    void CheckLocks(int32_t number, const OpenFile& file, uint64_t first, uint64_t count) const;
+    static OpenFile::Range RangeOf(const OpenFile& file, uint64_t first, uint64_t last);
+    bool AtEnd(OpenFile& file);
+    std::string ReadBytes(OpenFile& file, size_t count);
+    uint64_t Position(OpenFile& file);
+    void Seek(OpenFile& file, uint64_t position);
     bool Fill(OpenFile& file);
     int Peek(OpenFile& file);
     int Take(OpenFile& file);

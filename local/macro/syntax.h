@@ -3,6 +3,7 @@
 #include "macro/operators.h"
 #include "macro/value.h"
 
+#include <array>
 #include <memory>
 #include <optional>
 #include <string>
@@ -226,6 +227,13 @@ struct GoSubStatement
 struct ReturnStatement
 {
 };
+/// `On number GoTo labels` and `On number GoSub labels`.
+struct OnJumpStatement
+{
+    ExpressionPtr number;
+    std::vector<std::u16string> labels;
+    bool isGoSub = false;
+};
 struct OnErrorStatement
 {
     enum class Action
@@ -275,6 +283,13 @@ struct MidStatement
     ExpressionPtr length;
     ExpressionPtr value;
 };
+/// LSet and RSet.
+struct AlignStatement
+{
+    ExpressionPtr target;
+    ExpressionPtr value;
+    bool isRight = false;
+};
 struct OpenStatement
 {
     enum class Mode
@@ -288,6 +303,10 @@ struct OpenStatement
     ExpressionPtr path;
     Mode mode = Mode::Random;
     bool readOnly = false;
+    bool writeOnly = false;
+    /// What others may not do meanwhile.
+    bool locksReading = false;
+    bool locksWriting = false;
     ExpressionPtr number;
     ExpressionPtr recordLength;
 };
@@ -335,6 +354,14 @@ struct SeekStatement
     ExpressionPtr number;
     ExpressionPtr position;
 };
+/// Lock and Unlock of records or bytes; without a range of the whole file.
+struct LockStatement
+{
+    ExpressionPtr number;
+    ExpressionPtr first;
+    ExpressionPtr last;
+    bool isUnlock = false;
+};
 struct NameStatement
 {
     ExpressionPtr from;
@@ -346,7 +373,8 @@ using StatementBody =
                  EraseStatement, IfStatement, SelectStatement, ForStatement, ForEachStatement, DoStatement,
                  WithStatement, LabelStatement, GoToStatement, GoSubStatement, ReturnStatement, OnErrorStatement,
                  ResumeStatement, ExitStatement, EndStatement, RaiseStatement, MidStatement, OpenStatement,
-                 CloseStatement, PrintStatement, InputStatement, TransferStatement, SeekStatement, NameStatement>;
+                 CloseStatement, PrintStatement, InputStatement, TransferStatement, SeekStatement, NameStatement,
+                 OnJumpStatement, AlignStatement, LockStatement>;
 
 struct Statement
 {
@@ -419,11 +447,20 @@ struct EnumSyntax
     std::vector<Member> members;
 };
 
+constexpr std::array<Type, 26> EveryLetter(Type type)
+{
+    std::array<Type, 26> types{};
+    types.fill(type);
+    return types;
+}
+
 struct ModuleSyntax
 {
     bool optionExplicit = false;
     bool compareText = false;
     int32_t optionBase = 0;
+    /// Types of names without a type of their own, by first letter (DefInt and its kind).
+    std::array<Type, 26> letterTypes = EveryLetter(Type::Variant);
     std::vector<VariableSyntax> variables;
     std::vector<ConstantSyntax> constants;
     std::vector<RecordSyntax> records;

@@ -116,8 +116,9 @@ Value& Array::At(std::span<const Value> indices)
     if (indices.size() != dimensions.size()) {
         Raise(kSubscriptOutOfRange);
     }
+    // The first index moves fastest.
     size_t position = 0;
-    for (size_t i = 0; i < indices.size(); ++i) {
+    for (size_t i = indices.size(); i-- > 0;) {
         const Dimension& dimension = dimensions[i];
         int64_t offset = int64_t{indices[i].ToLong()} - dimension.lower;
         if (offset < 0 || offset >= dimension.count) {
@@ -138,6 +139,7 @@ Ref<Array> Array::Clone() const
 {
     Ref<Array> copy = MakeRef<Array>(elementType, dimensions, Value());
     copy->isFixed = isFixed;
+    copy->hasFixedTexts = hasFixedTexts;
     copy->initialValue = initialValue;
     copy->items = items;
     return copy;
@@ -189,6 +191,31 @@ Value::Value(std::u16string text) : type(Type::String)
     } else {
         data.counted = nullptr;
     }
+}
+
+Value Value::FromBytes(std::string_view bytes)
+{
+    std::u16string text((bytes.size() + 1) / 2, u'\0');
+    for (size_t i = 0; i < bytes.size(); ++i) {
+        int unit = static_cast<uint8_t>(bytes[i]) << (8 * (i % 2));
+        text[i / 2] = static_cast<char16_t>(text[i / 2] | unit);
+    }
+    Value value(std::move(text));
+    value.detail = bytes.size() % 2 != 0 ? kHalf : uint8_t{0};
+    return value;
+}
+
+std::string Value::TextBytes() const
+{
+    std::string bytes;
+    for (char16_t unit : Text()) {
+        bytes.push_back(static_cast<char>(unit & 0xFF));
+        bytes.push_back(static_cast<char>(unit >> 8));
+    }
+    if (EndsInHalf()) {
+        bytes.pop_back();
+    }
+    return bytes;
 }
 
 Value::Value(const Ref<Array>& array) : Value(Type::Array, array.get()) {}

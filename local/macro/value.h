@@ -42,6 +42,8 @@ enum class Type : uint8_t
     Reference = 65,
     /// Bookkeeping of the machine, such as a running enumeration.
     Internal = 66,
+    /// Declared type only: a String of fixed length, which keeps the length of what it holds.
+    FixedText = 67,
 };
 
 /// One value of the macro language: a Variant with its subtype. Sixteen bytes; texts, arrays and records are shared
@@ -115,6 +117,8 @@ public:
     /// \param scaled the amount times 10,000
     static Value FromCurrency(int64_t scaled);
     static Value FromError(int32_t code);
+    /// A text of raw bytes, low byte first. When their number is odd, the last unit is a half one with a zero above.
+    static Value FromBytes(std::string_view bytes);
     static Value FromInternal(const Ref<RefCounted>& object);
 
     Type Kind() const { return type; }
@@ -147,6 +151,9 @@ public:
     int64_t Whole() const { return data.integer; }
     double Number() const { return data.number; }
     const std::u16string& Text() const;
+    /// Whether a text has an odd number of bytes.
+    bool EndsInHalf() const { return detail == kHalf; }
+    std::string TextBytes() const;
     Object* ObjectPointer() const;
     Array* ArrayPointer() const;
     Record* RecordPointer() const;
@@ -169,6 +176,7 @@ private:
     {
     };
     static constexpr uint8_t kBoxed = 0x80;
+    static constexpr uint8_t kHalf = 1;
 
     Value(ObjectTag, RefCounted* object);
     Value(Type kind, RefCounted* counted);
@@ -228,8 +236,13 @@ public:
     Value& At(int32_t index);
     Ref<Array> Clone() const;
 
+    /// The type that a value takes when it is stored in an element.
+    Type StoredType() const { return hasFixedTexts ? Type::FixedText : elementType; }
+
     Type elementType;
     bool isFixed = false;
+    /// Its elements are Strings of fixed length.
+    bool hasFixedTexts = false;
     std::vector<Dimension> dimensions;
     std::vector<Value> items;
     /// References to elements that are being held; the array can't change its size meanwhile.

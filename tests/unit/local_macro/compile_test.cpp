@@ -64,10 +64,9 @@ TEST(Compiling, WhatIsNotCoveredIsRefusedByName)
               "1:1 Implements is not supported by this macro language");
     EXPECT_EQ(Problem1("Sub main()\nx = AddressOf main\nEnd Sub"),
               "2:5 AddressOf is not supported by this macro language");
-    EXPECT_EQ(Problem1("Sub main()\nOn x GoTo a, b\nEnd Sub"),
-              "2:4 On ... GoTo with a list of labels is not supported by this macro language");
-    EXPECT_EQ(Problem1("Sub main()\nOpen \"a\" For Random As #1\nEnd Sub"),
-              "2:26 Open For Random is not supported by this macro language");
+    EXPECT_EQ(Problem1("Sub main()\nRaiseEvent Changed\nEnd Sub"),
+              "2:1 RaiseEvent is not supported by this macro language");
+    EXPECT_EQ(Problem1("Sub main()\nWidth #1, 80\nEnd Sub"), "2:1 Width # is not supported by this macro language");
     EXPECT_EQ(Problem1("Sub main()\nDim x As New Thing.Other\nEnd Sub"), "");
 }
 
