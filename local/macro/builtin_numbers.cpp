@@ -12,14 +12,24 @@ namespace tv::macro {
 
 namespace {
 
-template <Type Kind>
-Value Convert(Runtime&, const Arguments& a)
+template <Type Kind> Value Convert(Runtime&, const Arguments& a)
 {
     return CoerceTo(Kind, a[0]);
 }
 
-Value ToVariant(Runtime&, const Arguments& a) { return a[0]; }
-Value ToError(Runtime&, const Arguments& a) { return Value::FromError(a[0].ToLong()); }
+Value ToVariant(Runtime&, const Arguments& a)
+{
+    return a[0];
+}
+
+Value ToError(Runtime&, const Arguments& a)
+{
+    int32_t number = a[0].ToLong();
+    if (number < 0 || number > 65535) {
+        Raise(kInvalidCall);
+    }
+    return Value::FromError(number);
+}
 
 Value Checked(double number)
 {
@@ -32,19 +42,39 @@ Value Checked(double number)
     return Value(number);
 }
 
-template <double (*Function)(double)>
-Value OfNumber(Runtime&, const Arguments& a)
+template <double (*Function)(double)> Value OfNumber(Runtime&, const Arguments& a)
 {
     return Checked(Function(a[0].ToDouble()));
 }
 
-double SquareRoot(double x) { return std::sqrt(x); }
-double Exponential(double x) { return std::exp(x); }
-double Logarithm(double x) { return x <= 0 ? std::nan("") : std::log(x); }
-double Sine(double x) { return std::sin(x); }
-double Cosine(double x) { return std::cos(x); }
-double Tangent(double x) { return std::tan(x); }
-double ArcTangent(double x) { return std::atan(x); }
+double SquareRoot(double x)
+{
+    return std::sqrt(x);
+}
+double Exponential(double x)
+{
+    return std::exp(x);
+}
+double Logarithm(double x)
+{
+    return x <= 0 ? std::nan("") : std::log(x);
+}
+double Sine(double x)
+{
+    return std::sin(x);
+}
+double Cosine(double x)
+{
+    return std::cos(x);
+}
+double Tangent(double x)
+{
+    return std::tan(x);
+}
+double ArcTangent(double x)
+{
+    return std::atan(x);
+}
 
 /// A number in the kind it came in; texts become Double.
 Value Numeric(const Value& value)
@@ -79,8 +109,7 @@ Value Sgn(Runtime&, const Arguments& a)
     return Value(static_cast<int16_t>(number > 0 ? 1 : number < 0 ? -1 : 0));
 }
 
-template <double (*Function)(double)>
-Value WholePart(Runtime&, const Arguments& a)
+template <double (*Function)(double)> Value WholePart(Runtime&, const Arguments& a)
 {
     if (a[0].IsNull()) {
         return Value::Null();
@@ -100,8 +129,14 @@ Value WholePart(Runtime&, const Arguments& a)
     }
 }
 
-double Floor(double x) { return std::floor(x); }
-double Truncate(double x) { return std::trunc(x); }
+double Floor(double x)
+{
+    return std::floor(x);
+}
+double Truncate(double x)
+{
+    return std::trunc(x);
+}
 
 Value Round(Runtime&, const Arguments& a)
 {
@@ -169,6 +204,7 @@ constexpr Builtin kFunctions[] = {
     {u"csng", 1, 1, Type::Single, Convert<Type::Single>, u"Expression"},
     {u"cstr", 1, 1, Type::String, Convert<Type::String>, u"Expression"},
     {u"cvar", 1, 1, Type::Variant, ToVariant, u"Expression"},
+    {u"cvdate", 1, 1, Type::Variant, Convert<Type::Date>, u"Expression"},
     {u"cverr", 1, 1, Type::Variant, ToError, u"Expression"},
     {u"exp", 1, 1, Type::Double, OfNumber<Exponential>, u"Number"},
     {u"fix", 1, 1, Type::Variant, WholePart<Truncate>, u"Number"},
@@ -185,6 +221,9 @@ constexpr Builtin kFunctions[] = {
 
 } // namespace
 
-std::span<const Builtin> NumberFunctions() { return kFunctions; }
+std::span<const Builtin> NumberFunctions()
+{
+    return kFunctions;
+}
 
 } // namespace tv::macro

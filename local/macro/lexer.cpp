@@ -12,15 +12,31 @@ namespace tv::macro {
 
 namespace {
 
-bool IsDigit(char16_t unit) { return unit >= u'0' && unit <= u'9'; }
+bool IsDigit(char16_t unit)
+{
+    return unit >= u'0' && unit <= u'9';
+}
 bool IsNameStart(char16_t unit)
 {
     return (unit >= u'a' && unit <= u'z') || (unit >= u'A' && unit <= u'Z') ||
            (unit >= 0x80 && unit != 0xA0 && unit != 0x3000);
 }
-bool IsNameUnit(char16_t unit) { return IsNameStart(unit) || IsDigit(unit) || unit == u'_'; }
-bool IsBlank(char16_t unit) { return unit == u' ' || unit == u'\t' || unit == 0xA0 || unit == 0x3000; }
-bool IsLineEnd(char16_t unit) { return unit == u'\r' || unit == u'\n'; }
+bool IsNameUnit(char16_t unit)
+{
+    return IsNameStart(unit) || IsDigit(unit) || unit == u'_';
+}
+bool IsBlank(char16_t unit)
+{
+    return unit == u' ' || unit == u'\t' || unit == 0xA0 || unit == 0x3000;
+}
+bool IsLineEnd(char16_t unit)
+{
+    return unit == u'\r' || unit == u'\n';
+}
+bool IsOctalDigit(char16_t unit)
+{
+    return unit >= u'0' && unit <= u'7';
+}
 bool IsHexDigit(char16_t unit)
 {
     char16_t lower = LowerUnit(unit);
@@ -31,7 +47,7 @@ constexpr std::array<std::u16string_view, 8> kLongSymbols = {u"<=", u">=", u"<>"
 
 class Lexer
 {
-public:
+  public:
     explicit Lexer(std::u16string_view text) : source(text) {}
 
     std::vector<Token> Run()
@@ -44,13 +60,10 @@ public:
         return std::move(tokens);
     }
 
-private:
+  private:
     char16_t Unit(size_t offset = 0) const { return at + offset < source.size() ? source[at + offset] : u'\0'; }
 
-    Position PositionOf(size_t offset) const
-    {
-        return Position{line, static_cast<int>(offset - lineStart) + 1};
-    }
+    Position PositionOf(size_t offset) const { return Position{line, static_cast<int>(offset - lineStart) + 1}; }
 
     Token& Add(TokenKind kind, size_t start, std::u16string text)
     {
@@ -222,18 +235,19 @@ private:
                 take();
             }
         }
-        double number = ParseNumber(digits).value_or(0);
-        AddNumber(start, number, floating);
+        AddNumber(start, digits, floating);
     }
 
-    void AddNumber(size_t start, double number, bool floating)
+    void AddNumber(size_t start, const std::u16string& digits, bool floating)
     {
         char16_t suffix = Unit();
         // "1&x" joins texts, and a "#" in front of a digit is a file number's.
         bool counts = std::u16string_view(u"%&!#@").find(suffix) != std::u16string_view::npos && suffix != 0 &&
                       !IsNameUnit(Unit(1)) && Unit(1) != u'"';
+        counts = counts || IsLongLongMark(0);
+        double number = ParseNumber(digits).value_or(0);
         try {
-            Value literal = counts ? SuffixedNumber(suffix, number) : PlainNumber(number, floating);
+            Value literal = counts ? SuffixedNumber(suffix, digits) : PlainNumber(number, floating);
             at += counts ? 1 : 0;
             AddLiteral(start, std::move(literal));
         } catch (const MacroError&) {
@@ -242,19 +256,29 @@ private:
         }
     }
 
-    static Value SuffixedNumber(char16_t suffix, double number)
+    /// "2^3" without blanks is a power; otherwise a "^" that touches a number belongs to it.
+    bool IsLongLongMark(size_t offset) const
+    {
+        char16_t next = Unit(offset + 1);
+        return Unit(offset) == u'^' && !IsNameUnit(next) &&
+               std::u16string_view(u"(.\"-").find(next) == std::u16string_view::npos;
+    }
+
+    static Value SuffixedNumber(char16_t suffix, const std::u16string& digits)
     {
         switch (suffix) {
         case u'%':
-            return CoerceTo(Type::Integer, Value(number));
+            return CoerceTo(Type::Integer, Value(digits));
         case u'&':
-            return CoerceTo(Type::Long, Value(number));
+            return CoerceTo(Type::Long, Value(digits));
+        case u'^':
+            return CoerceTo(Type::LongLong, Value(digits));
         case u'!':
-            return CoerceTo(Type::Single, Value(number));
+            return CoerceTo(Type::Single, Value(digits));
         case u'@':
-            return CoerceTo(Type::Currency, Value(number));
+            return CoerceTo(Type::Currency, Value(digits));
         default:
-            return Value(number);
+            return CoerceTo(Type::Double, Value(digits));
         }
     }
 
@@ -276,15 +300,16 @@ private:
     {
         char16_t mark = LowerUnit(Unit(1));
         bool hex = mark == u'h' && IsHexDigit(Unit(2));
-        bool octal = mark == u'o' && IsDigit(Unit(2));
-        if (!hex && !octal) {
+        bool octal = mark == u'o' && IsOctalDigit(Unit(2));
+        bool bareOctal = IsOctalDigit(mark) && StartsOperand();
+        if (!hex && !octal && !bareOctal) {
             return false;
         }
         size_t start = at;
-        at += 2;
+        at += bareOctal ? 1 : 2;
         uint64_t number = 0;
         size_t count = 0;
-        while (hex ? IsHexDigit(Unit()) : IsDigit(Unit())) {
+        while (hex ? IsHexDigit(Unit()) : IsOctalDigit(Unit())) {
             char16_t lower = LowerUnit(Unit());
             uint64_t digit = static_cast<uint64_t>(IsDigit(lower) ? lower - u'0' : lower - u'a' + 10);
             number = number * (hex ? 16 : 8) + digit;
@@ -293,8 +318,9 @@ private:
         }
         bool isLong = Unit() == u'&';
         bool isInteger = Unit() == u'%';
-        at += isLong || isInteger ? 1 : 0;
-        if (count > 16 || number > 0xFFFFFFFF) {
+        bool isLongLong = IsLongLongMark(0);
+        at += isLong || isInteger || isLongLong ? 1 : 0;
+        if (count > 16 || number > 0xFFFFFFFF || isLongLong) {
             if (count > 16) {
                 Add(TokenKind::Bad, start, u"Overflow");
             } else {
@@ -306,6 +332,12 @@ private:
             AddLiteral(start, Value(static_cast<int32_t>(static_cast<uint32_t>(number))));
         }
         return true;
+    }
+
+    /// Whether an operand may stand here: "=&17" has an octal number, "n &17" joins.
+    bool StartsOperand() const
+    {
+        return !tokens.empty() && tokens.back().kind == TokenKind::Symbol && tokens.back().text != u")";
     }
 
     void ReadName()
@@ -382,9 +414,10 @@ private:
     {
         for (std::u16string_view symbol : kLongSymbols) {
             if (symbol != u"##" && source.substr(at, 2) == symbol) {
-                std::u16string canonical = symbol == u"=<" ? u"<=" : symbol == u"=>" ? u">="
-                                           : symbol == u"><"                        ? u"<>"
-                                                                                    : std::u16string(symbol);
+                std::u16string canonical = symbol == u"=<"   ? u"<="
+                                           : symbol == u"=>" ? u">="
+                                           : symbol == u"><" ? u"<>"
+                                                             : std::u16string(symbol);
                 Add(TokenKind::Symbol, at, std::move(canonical));
                 at += 2;
                 return;
@@ -411,7 +444,7 @@ private:
 /// Carries out #If, #ElseIf, #Else, #End If and #Const.
 class ConditionalFilter
 {
-public:
+  public:
     ConditionalFilter(std::vector<Token> all, const CompileOptions& options) : tokens(std::move(all))
     {
         for (std::u16string_view name : {u"vba6", u"vba7", u"win32", u"win64"}) {
@@ -441,7 +474,7 @@ public:
         return std::move(kept);
     }
 
-private:
+  private:
     struct Branch
     {
         Position at;
@@ -452,10 +485,7 @@ private:
     };
 
     bool Active() const { return branches.empty() || branches.back().active; }
-    bool Is(std::u16string_view name) const
-    {
-        return tokens[at].kind == TokenKind::Name && tokens[at].folded == name;
-    }
+    bool Is(std::u16string_view name) const { return tokens[at].kind == TokenKind::Name && tokens[at].folded == name; }
     bool IsSymbol(std::u16string_view text) const
     {
         return tokens[at].kind == TokenKind::Symbol && tokens[at].text == text;
@@ -537,12 +567,10 @@ private:
     const Level* FindLevel() const
     {
         static constexpr Level kLevels[] = {
-            {u"or", Operator::Or, 1},       {u"xor", Operator::Xor, 1},
-            {u"and", Operator::And, 2},     {u"=", Operator::Equal, 4},
-            {u"<>", Operator::NotEqual, 4}, {u"<", Operator::Less, 4},
-            {u">", Operator::Greater, 4},   {u"<=", Operator::LessOrEqual, 4},
-            {u">=", Operator::GreaterOrEqual, 4}, {u"+", Operator::Add, 5},
-            {u"-", Operator::Subtract, 5},  {u"*", Operator::Multiply, 6},
+            {u"or", Operator::Or, 1},     {u"xor", Operator::Xor, 1},        {u"and", Operator::And, 2},
+            {u"=", Operator::Equal, 4},   {u"<>", Operator::NotEqual, 4},    {u"<", Operator::Less, 4},
+            {u">", Operator::Greater, 4}, {u"<=", Operator::LessOrEqual, 4}, {u">=", Operator::GreaterOrEqual, 4},
+            {u"+", Operator::Add, 5},     {u"-", Operator::Subtract, 5},     {u"*", Operator::Multiply, 6},
         };
         for (const Level& level : kLevels) {
             if (Is(level.text) || IsSymbol(level.text)) {
@@ -563,8 +591,7 @@ private:
         return left;
     }
 
-    template <typename Work>
-    Value Evaluated(Work work)
+    template <typename Work> Value Evaluated(Work work)
     {
         try {
             return work();

@@ -366,6 +366,11 @@ int ComparePlain(const Value& left, const Value& right, OperandTraits traits)
     return CompareNumbers(left, right);
 }
 
+bool IsComparison(Operator operation)
+{
+    return operation >= Operator::Equal && operation <= Operator::GreaterOrEqual;
+}
+
 bool Holds(Operator operation, int order)
 {
     switch (operation) {
@@ -402,6 +407,9 @@ Value Concatenate(const Value& left, const Value& right)
     if (left.IsNull() && right.IsNull()) {
         return Value::Null();
     }
+    if (left.IsString() && right.IsString() && (left.EndsInHalf() || right.EndsInHalf())) {
+        return Value::FromBytes(left.TextBytes() + right.TextBytes());
+    }
     std::u16string text = left.IsNull() ? std::u16string() : ConvertToText(left);
     text += right.IsNull() ? std::u16string() : ConvertToText(right);
     return Value(std::move(text));
@@ -420,6 +428,11 @@ Value Apply(Operator operation, const Value& leftOperand, const Value& rightOper
 {
     if (operation == Operator::Is) {
         return Value(IsSameObject(leftOperand, rightOperand));
+    }
+    if (IsComparison(operation) && leftOperand.Resolved().Kind() == Type::Error &&
+        rightOperand.Resolved().Kind() == Type::Error) {
+        int64_t order = leftOperand.Resolved().Whole() - rightOperand.Resolved().Whole();
+        return Value(Holds(operation, order < 0 ? -1 : (order > 0 ? 1 : 0)));
     }
     Value leftStorage;
     Value rightStorage;
