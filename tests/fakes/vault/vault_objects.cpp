@@ -215,14 +215,14 @@ class FileObject final : public ComObject<IVyxFile>
         });
     }
 
-    Result TV_CALL GetRevisionName(int32_t version, int32_t, BStr* revision) override
+    Result TV_CALL GetRevisionName(int32_t version, int32_t folder, BStr* revision) override
     {
-        return ReadVersion("File.GetRevisionName", version, &FakeVersion::revision, revision);
+        return ReadVersion("File.GetRevisionName", version, folder, &FakeVersion::revision, revision);
     }
 
-    Result TV_CALL GetStateName(int32_t version, int32_t, BStr* state) override
+    Result TV_CALL GetStateName(int32_t version, int32_t folder, BStr* state) override
     {
-        return ReadVersion("File.GetStateName", version, &FakeVersion::state, state);
+        return ReadVersion("File.GetStateName", version, folder, &FakeVersion::state, state);
     }
 
     Result TV_CALL GetEnumeratorVariable(int32_t, IVyxEnumeratorVariable** variables) override
@@ -244,17 +244,19 @@ class FileObject final : public ComObject<IVyxFile>
         return file != nullptr ? body(*file) : kVaultFileNotFound;
     }
 
-    Result ReadVersion(std::string_view operation, int32_t version, std::u16string FakeVersion::*field, BStr* text)
+    Result ReadVersion(std::string_view operation, int32_t version, int32_t folder, std::u16string FakeVersion::*field,
+                       BStr* text)
     {
-        return Answer(operation, [&](FakeFile& file) -> Result {
-            const auto found = file.versions.find(version);
-            if (found == file.versions.end()) {
-                return kVaultFileNotFound;
-            }
-            const std::u16string& value = found->second.*field;
-            *text = value.empty() ? nullptr : NewText(value);
-            return 0;
-        });
+        if (const Result fault = world->script.Enter(operation, FormatText(u"%d %d %d", fileId, version, folder))) {
+            return fault;
+        }
+        const FakeFile* file = world->FindFile(fileId);
+        if (file == nullptr || !file->versions.contains(version)) {
+            return kVaultFileNotFound;
+        }
+        const std::u16string& value = file->versions.at(version).*field;
+        *text = value.empty() ? nullptr : NewText(value);
+        return 0;
     }
 
     WorldPtr world;

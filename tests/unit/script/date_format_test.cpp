@@ -28,74 +28,6 @@ std::u16string Format(const LocalTime& time, int32_t formatId, int32_t style)
 
 constexpr LocalTime kAfternoon{2026, 3, 3, 14, 7, 9};
 
-TEST(FormatDate, PrintsEachFormatInEachStyle)
-{
-    struct Row
-    {
-        int32_t id;
-        const char16_t* dateOnly;
-        const char16_t* withSeconds;
-        const char16_t* withMinutes;
-    };
-    const Row rows[] = {
-        {0, u"Mar 03 2026", u"Mar 03 2026 02:07 PM", u"Mar 03 2026 02:07 PM"},
-        {100, u"Mar 03 2026", u"Mar 03 2026 02:07 PM", u"Mar 03 2026 02:07 PM"},
-        {1, u"03/03/26", u"03/03/26 14:07:09", u"03/03/26 14:07"},
-        {2, u"26.03.03", u"26.03.03 14:07:09", u"26.03.03 14:07"},
-        {3, u"03/03/26", u"03/03/26 14:07:09", u"03/03/26 14:07"},
-        {4, u"03.03.26", u"03.03.26 14:07:09", u"03.03.26 14:07"},
-        {5, u"03-03-26", u"03-03-26 14:07:09", u"03-03-26 14:07"},
-        {6, u"03 Mar 26", u"03 Mar 26 14:07:09", u"03 Mar 26 14:07"},
-        {7, u"Mar 03, 26", u"Mar 03, 26 14:07:09", u"Mar 03, 26 14:07"},
-        {10, u"03-03-26", u"03-03-26 14:07:09", u"03-03-26 14:07"},
-        {11, u"26/03/03", u"26/03/03 14:07:09", u"26/03/03 14:07"},
-        {12, u"260303", u"260303 14:07:09", u"260303 14:07"},
-        {101, u"03/03/2026", u"03/03/2026 14:07:09", u"03/03/2026 14:07"},
-        {102, u"2026.03.03", u"2026.03.03 14:07:09", u"2026.03.03 14:07"},
-        {103, u"03/03/2026", u"03/03/2026 14:07:09", u"03/03/2026 14:07"},
-        {104, u"03.03.2026", u"03.03.2026 14:07:09", u"03.03.2026 14:07"},
-        {105, u"03-03-2026", u"03-03-2026 14:07:09", u"03-03-2026 14:07"},
-        {106, u"03 Mar 2026", u"03 Mar 2026 14:07:09", u"03 Mar 2026 14:07"},
-        {107, u"Mar 03, 2026", u"Mar 03, 2026 14:07:09", u"Mar 03, 2026 14:07"},
-        {109, u"Mar 03 2026", u"Mar 03 2026 02:07:09:000 PM", u"Mar 03 2026 02:07:09:000 PM"},
-        {110, u"03-03-2026", u"03-03-2026 14:07:09", u"03-03-2026 14:07"},
-        {111, u"2026/03/03", u"2026/03/03 14:07:09", u"2026/03/03 14:07"},
-        {112, u"20260303", u"20260303 14:07:09", u"20260303 14:07"},
-        {113, u"03 Mars 2026", u"03 Mars 2026 14:07:09:000", u"03 Mars 2026 14:07:09:000"},
-        {120, u"2026-03-03", u"2026-03-03 14:07:09", u"2026-03-03 14:07"},
-        {121, u"2026-03-03", u"2026-03-03 14:07:09.000", u"2026-03-03 14:07:09.000"},
-        {8, u"03 Mars 2026 14:07:09:000", u"03 Mars 2026 14:07:09:000", u"03 Mars 2026 14:07:09:000"},
-    };
-    for (const Row& row : rows) {
-        EXPECT_EQ(Format(kAfternoon, row.id, 2), row.dateOnly) << row.id;
-        EXPECT_EQ(Format(kAfternoon, row.id, 1), row.withSeconds) << row.id;
-        EXPECT_EQ(Format(kAfternoon, row.id, 3), row.withMinutes) << row.id;
-    }
-}
-
-TEST(FormatDate, KeepsDayMonthAndYearApart)
-{
-    struct Row
-    {
-        int32_t id;
-        const char16_t* text;
-    };
-    // 15 November 2031, so that no two parts look alike.
-    const Row rows[] = {
-        {0, u"Nov 15 2031"},  {1, u"11/15/31"},      {2, u"31.11.15"},       {3, u"15/11/31"},
-        {4, u"15.11.31"},     {5, u"15-11-31"},      {6, u"15 Nov 31"},      {7, u"Nov 15, 31"},
-        {10, u"11-15-31"},    {11, u"31/11/15"},     {12, u"311115"},        {100, u"Nov 15 2031"},
-        {101, u"11/15/2031"}, {102, u"2031.11.15"},  {103, u"15/11/2031"},   {104, u"15.11.2031"},
-        {105, u"15-11-2031"}, {106, u"15 Nov 2031"}, {107, u"Nov 15, 2031"}, {109, u"Nov 15 2031"},
-        {110, u"11-15-2031"}, {111, u"2031/11/15"},  {112, u"20311115"},     {113, u"15 November 2031"},
-        {120, u"2031-11-15"}, {121, u"2031-11-15"},
-    };
-    ASSERT_EQ(std::size(rows), std::size(kDateRows));
-    for (const Row& row : rows) {
-        EXPECT_EQ(Format({2031, 11, 15, 10, 20, 30}, row.id, 2), row.text) << row.id;
-    }
-}
-
 TEST(FormatDate, PrintsEveryOtherFormatInTheLongFormWithTheTime)
 {
     std::vector<int32_t> others = {8, 9, 108, 114, 115, 116, 117, 118, 119, 122, 1000, -1, -100};
@@ -177,6 +109,56 @@ TEST(FormatDate, KnowsTheMonthsByTheseNames)
     }
 }
 
+/// Tells one moment that a test sets, also one that no calendar has.
+class StoppedClock final : public ClockService
+{
+  public:
+    explicit StoppedClock(const LocalTime& time) : moment(time) {}
+    void Sleep(uint32_t) override {}
+    bool GetLocalTime(LocalTime& now) override
+    {
+        now = moment;
+        return true;
+    }
+
+  private:
+    LocalTime moment;
+};
+
+TEST(CurrentDate, IsInvalidWhenItDoesntComeBackFromItsDayCount)
+{
+    // 31 February rolls on to 3 March.
+    StoppedClock clock({2026, 2, 31, 14, 7, 9});
+    const DateValue date = CurrentDate(clock);
+    EXPECT_FALSE(date.valid);
+    EXPECT_NE(date.days, 0.0);
+    std::u16string text;
+    EXPECT_TRUE(FormatDate(text, date, 101, DateStyle::WithMinutes));
+    EXPECT_EQ(text, u"-1/-1/-001 -1:-1");
+}
+
+TEST(CurrentDate, IsInvalidWhenOnlyTheTimeOfDayDiffers)
+{
+    StoppedClock clock({2026, 2, 3, 14, 7, 60});
+    EXPECT_FALSE(CurrentDate(clock).valid);
+}
+
+TEST(CurrentDate, ComparesEverySecondOfADay)
+{
+    for (int32_t second = 0; second < 86400; ++second) {
+        StoppedClock clock({2026, 11, 15, second / 3600, second / 60 % 60, second % 60});
+        ASSERT_TRUE(CurrentDate(clock).valid) << second;
+    }
+}
+
+TEST(CurrentDate, IsNoneWhenItCantBeConverted)
+{
+    StoppedClock clock({2026, 13, 1, 0, 0, 0});
+    const DateValue date = CurrentDate(clock);
+    EXPECT_FALSE(date.valid);
+    EXPECT_EQ(date.days, 0.0);
+}
+
 class VaultDate : public testing::Test
 {
   protected:
@@ -215,6 +197,39 @@ TEST_F(VaultDate, AnythingElseIsFormatZero)
     SetFormat(103);
     EXPECT_EQ(ReadDateFmt(machine.platform, u"Other"), 0);
     EXPECT_EQ(ReadDateFmt(machine.platform, u""), 0);
+}
+
+TEST_F(VaultDate, ANumberOfEightBytesIsFormatZero)
+{
+    SetRaw(kRegNumber, {103, 0, 0, 0, 0, 0, 0, 0});
+    EXPECT_EQ(ReadDateFmt(machine.platform, u"Main"), 0);
+}
+
+TEST_F(VaultDate, ABigEndianNumberOfAnotherSizeIsFormatZero)
+{
+    SetRaw(kRegNumberBigEndian, {0, 103});
+    EXPECT_EQ(ReadDateFmt(machine.platform, u"Main"), 0);
+}
+
+TEST_F(VaultDate, ANumberMayBeNegative)
+{
+    SetFormat(0xFFFFFFFF);
+    EXPECT_EQ(ReadDateFmt(machine.platform, u"Main"), -1);
+}
+
+TEST_F(VaultDate, ReadingMakesNoKeyForTheVault)
+{
+    ReadDateFmt(machine.platform, u"Main");
+    EXPECT_FALSE(machine.registry.KeyExists(kCurrentUserRoot, kVaultKey));
+}
+
+TEST_F(VaultDate, EachVaultHasItsOwnFormat)
+{
+    SetFormat(103);
+    machine.registry.PutNumber(kCurrentUserRoot, u"Software\\Torvane\\Applications\\Quellor\\Vaults\\Other", u"DateFmt",
+                               2);
+    EXPECT_EQ(ReadDateFmt(machine.platform, u"Main"), 103);
+    EXPECT_EQ(ReadDateFmt(machine.platform, u"Other"), 2);
 }
 
 TEST_F(VaultDate, TheMachinesSettingDoesntCount)

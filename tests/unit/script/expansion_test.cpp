@@ -60,6 +60,12 @@ TEST_F(Expansion, AnEmptyValueLeavesAnEmptyLiteral)
     EXPECT_EQ(Expand(u"x = \"[Name]\" & [Name]"), u"x = \"\" & ");
 }
 
+TEST_F(Expansion, AValueThatHoldsNothingVanishes)
+{
+    values[u"e"] = Variant();
+    EXPECT_EQ(Expand(u"a[e]b"), u"ab");
+}
+
 TEST_F(Expansion, PlaceholdersInCommentsAndLiteralsCountToo)
 {
     SetText(u"a", u"1");

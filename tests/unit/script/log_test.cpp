@@ -83,6 +83,40 @@ TEST_F(TaskLog, IsDroppedWhenTheSecondOpeningFails)
     EXPECT_EQ(machine.log.CountOf("files.OpenForAppend"), 2u);
 }
 
+TEST_F(TaskLog, IsDroppedBelowAFolderOfOver260Characters)
+{
+    PathFor(std::u16string(250, u'x'));
+    script.AppendToLog(u"kept");
+    EXPECT_EQ(machine.files.Files().size(), 1u);
+    PathFor(std::u16string(252, u'y'));
+    script.AppendToLog(u"lost");
+    EXPECT_EQ(machine.files.Files().size(), 1u);
+}
+
+TEST_F(TaskLog, IsWrittenIntoAFolderThatExists)
+{
+    PathFor(u"Logs");
+    machine.files.AddFolder(u"C:\\Vault\\Logs");
+    script.AppendToLog(u"entry");
+    EXPECT_EQ(Content(kLog), "entry");
+    EXPECT_EQ(machine.log.CountOf("files.CreateDirectory"), 0u);
+}
+
+TEST_F(TaskLog, GoesOnBehindWhatTheMacroWrote)
+{
+    PathFor(u"Logs");
+    machine.files.AddFile(kLog, "macro\r\n");
+    script.AppendToLog(u"add-in");
+    EXPECT_EQ(Content(kLog), "macro\r\nadd-in");
+}
+
+TEST_F(TaskLog, IsClosedAfterEachEntry)
+{
+    PathFor(u"Logs");
+    script.AppendToLog(u"entry");
+    EXPECT_EQ(machine.files.OpenCount(), 0u);
+}
+
 TEST_F(TaskLog, WithoutALogFolderIsNotWritten)
 {
     script.AppendToLog(u"lost");

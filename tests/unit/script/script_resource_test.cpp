@@ -26,6 +26,38 @@ TEST_F(ScriptResourceText, HasAsManyCharactersAsTheResourceHasBytes)
     EXPECT_EQ(ReadScriptResource(machine.module, 209), u"abc\u00E4\n");
 }
 
+/// A module whose code page makes a number of characters of its own out of the bytes.
+class OtherCodePage final : public ModuleService
+{
+  public:
+    explicit OtherCodePage(std::u16string wide) : text(std::move(wide)) {}
+    ScriptResource ReadScript(int32_t) override { return {"four", std::nullopt}; }
+    std::optional<std::u16string> ReadString(int32_t) override { return std::nullopt; }
+    std::u16string WideText(std::string_view) override { return text; }
+    void ShowMessage(std::u16string_view) override {}
+
+  private:
+    std::u16string text;
+};
+
+TEST_F(ScriptResourceText, IsFilledUpWhenTwoBytesMakeACharacter)
+{
+    OtherCodePage module(u"\u6F22\u5B57");
+    EXPECT_EQ(ReadScriptResource(module, 209), std::u16string(u"\u6F22\u5B57\0\0\n", 5));
+}
+
+TEST_F(ScriptResourceText, IsCutWhenAByteMakesTwoCharacters)
+{
+    OtherCodePage module(u"f1o2u3r4");
+    EXPECT_EQ(ReadScriptResource(module, 209), u"f1o2\n");
+}
+
+TEST_F(ScriptResourceText, MayHoldAnyByte)
+{
+    machine.module.AddScript(209, std::string("a\0b\n", 4));
+    EXPECT_EQ(ReadScriptResource(machine.module, 209), std::u16string(u"a\0b\n\n", 5));
+}
+
 TEST_F(ScriptResourceText, ThatCantBeReadIsEmptyAndSaysWhy)
 {
     struct Row
@@ -40,10 +72,10 @@ TEST_F(ScriptResourceText, ThatCantBeReadIsEmptyAndSaysWhy)
         {ResourceFailure::NotLocked, u"Error locking Script resource."},
     };
     for (const Row& row : rows) {
-        machine.module.BreakScript(210, row.failure);
-        EXPECT_EQ(ReadScriptResource(machine.module, 210), u"");
-        ASSERT_FALSE(machine.module.Messages().empty());
-        EXPECT_EQ(machine.module.Messages().back(), row.message);
+        fakes::FakePlatform other;
+        other.module.BreakScript(210, row.failure);
+        EXPECT_EQ(ReadScriptResource(other.module, 210), u"");
+        EXPECT_EQ(other.module.Messages(), (std::vector<std::u16string>{row.message}));
     }
 }
 
@@ -52,6 +84,26 @@ TEST_F(ScriptResourceText, ThatIsEmptyGivesTheSizeMessage)
     machine.module.AddScript(211, "");
     EXPECT_EQ(ReadScriptResource(machine.module, 211), u"");
     EXPECT_EQ(machine.module.Messages(), (std::vector<std::u16string>{u"Error getting size of Script resource."}));
+}
+
+TEST(TaskTypes, AreThree)
+{
+    struct Row
+    {
+        int32_t type;
+        int32_t resource;
+        std::u16string_view label;
+        uint32_t textNumber;
+    };
+    const Row rows[] = {{1, 209, u"File Conversion", 89}, {2, 210, u"Printing", 90}, {3, 211, u"General", 91}};
+    ASSERT_EQ(std::size(kTaskTypes), std::size(rows));
+    for (size_t i = 0; i < std::size(rows); ++i) {
+        EXPECT_EQ(kTaskTypes[i].type, rows[i].type);
+        EXPECT_EQ(kTaskTypes[i].resource, rows[i].resource);
+        EXPECT_EQ(kTaskTypes[i].label, rows[i].label);
+        EXPECT_EQ(kTaskTypes[i].textNumber, rows[i].textNumber);
+        EXPECT_EQ(TaskTypeLabel(kTaskTypes[i]), rows[i].label);
+    }
 }
 
 TEST(TemplateForType, EachKindHasOne)

@@ -138,6 +138,9 @@ TEST_F(MacroOfARun, CutsThePathOfTheSource)
         {u"C:\\Va.ult\\noext", u"C:\\Va.ult", u"noext", u""},
         {u"C:\\top.step", u"C:", u"top", u"step"},
         {u"C:\\Vault\\.hidden", u"C:\\Vault", u"", u"hidden"},
+        {u"C:\\Vault\\Part.", u"C:\\Vault", u"Part", u""},
+        {u"C:\\Vault\\Part..step", u"C:\\Vault", u"Part.", u"step"},
+        {u"\\\\server\\share\\Part.step", u"\\\\server\\share", u"Part", u"step"},
     };
     Init(u"<Filepath>|<Path>");
     for (const Row& row : rows) {
@@ -146,6 +149,30 @@ TEST_F(MacroOfARun, CutsThePathOfTheSource)
         EXPECT_EQ(script.Source().fileName, row.name);
         EXPECT_EQ(script.Source().extension, row.extension);
     }
+}
+
+TEST_F(MacroOfARun, ForgetsTheLastSource)
+{
+    Init(u"<Filepath>|<Path>|<SelCfgOrSheet>|<Version>");
+    Source(u"C:\\Vault\\Sub\\Part.tvnprt");
+    Source(u"", u"", 0);
+    EXPECT_EQ(script.GetMacroText(), u"|||0");
+    EXPECT_EQ(script.Source().fileName, u"");
+    EXPECT_EQ(script.Source().extension, u"");
+}
+
+TEST_F(MacroOfARun, LeavesTheTokensOfTheMacroToIt)
+{
+    task->variables.SetText(u"OutputPath", u"<Filename>_<Extension>_<Configuration>");
+    EXPECT_EQ(Macro(u"\"[OutputPath]\" <Filename>"), u"\"<Filename>_<Extension>_<Configuration>\" <Filename>");
+}
+
+TEST_F(MacroOfARun, IsReplacedByTheNextRuns)
+{
+    EXPECT_EQ(Macro(u"one"), u"one");
+    task->guid = u"{second}";
+    vault.World().root = u"D:\\Other";
+    EXPECT_EQ(Macro(u"two <TaskInstanceGuid> <VaultPath>"), u"two {second} D:\\Other");
 }
 
 TEST_F(MacroOfARun, TakesTheIdsAndTheVersionOfTheSource)
@@ -202,6 +229,56 @@ TEST_F(FileInfo, IsReadWhenAnOutputPathAsksForIt)
             EXPECT_EQ(fresh.GetMacroText(), u"B Approved");
         }
     }
+}
+
+TEST_F(FileInfo, IsNotWantedAtFirst)
+{
+    EXPECT_FALSE(TaskScript(machine.platform).NeedFileInfo());
+}
+
+TEST_F(FileInfo, IsThatOfTheVersionAndOfTheFolder)
+{
+    task->variables.SetText(u"OutputPath", u"<Revision>");
+    EXPECT_EQ(Macro(u"<Revision>"), u"B");
+    const int32_t id = vault.File(u"C:\\Vault\\Sub\\Part.tvnprt")->id;
+    const std::string asked = " " + std::to_string(id) + " 2 20";
+    EXPECT_EQ(vault.Script().CallsOf("Vault.GetFileFromPath"),
+              (std::vector<std::string>{"Vault.GetFileFromPath C:\\Vault\\Sub\\Part.tvnprt"}));
+    EXPECT_EQ(vault.Script().CallsOf("File.GetRevisionName"), (std::vector{"File.GetRevisionName" + asked}));
+    EXPECT_EQ(vault.Script().CallsOf("File.GetStateName"), (std::vector{"File.GetStateName" + asked}));
+}
+
+TEST_F(FileInfo, IsAskedForByThePathsAsTheyAreStored)
+{
+    task->variables.SetText(u"OutputPath", u"[Pattern]");
+    task->variables.SetText(u"Pattern", u"<Revision>");
+    EXPECT_EQ(Macro(u"x<Revision>y"), u"xy");
+    EXPECT_FALSE(script.NeedFileInfo());
+}
+
+TEST_F(FileInfo, IsReadForEveryFileAnew)
+{
+    vault.AddFile(u"C:\\Vault\\Other.tvnprt").versions[1].revision = u"Q";
+    task->variables.SetText(u"OutputPath2", u"<Revision>");
+    Init(u"<Revision><WorkflowState>");
+    Source();
+    EXPECT_EQ(script.GetMacroText(), u"BApproved");
+    Source(u"C:\\Vault\\Other.tvnprt", u"", 1);
+    EXPECT_EQ(script.GetMacroText(), u"Q");
+}
+
+TEST_F(FileInfo, KeepsItsBackslashesAndSlashes)
+{
+    vault.File(u"C:\\Vault\\Sub\\Part.tvnprt")->versions[2].revision = u"B\\1/2";
+    task->variables.SetText(u"OutputPath", u"<Path>\\<Revision>\\x");
+    EXPECT_EQ(Macro(u"[OutputPath]"), u"C:\\Vault\\Sub\\B\\1/2\\x");
+}
+
+TEST_F(FileInfo, IsNotNeededForTheVersionOrTheDay)
+{
+    task->variables.SetText(u"OutputPath", u"<Version> <Today>");
+    EXPECT_EQ(Macro(u"[OutputPath]"), u"2 Nov 15 2026");
+    EXPECT_EQ(vault.Script().CountOf("Vault.GetFileFromPath"), 0u);
 }
 
 TEST_F(FileInfo, IsNotReadForTheScriptOrTheLogFolder)

@@ -36,6 +36,22 @@ TEST_F(ValueText, FloatsHaveSixDecimals)
     EXPECT_EQ(TextOfValue(Variant::FromDouble(-1234.25)), u"-1234.250000");
 }
 
+TEST_F(ValueText, FloatsAreRoundedAndNeverHaveAnExponent)
+{
+    EXPECT_EQ(TextOfValue(Variant::FromDouble(0.0000006)), u"0.000001");
+    EXPECT_EQ(TextOfValue(Variant::FromDouble(1e15)), u"1000000000000000.000000");
+    EXPECT_EQ(TextOfValue(Variant::FromDouble(0.0)), u"0.000000");
+}
+
+TEST_F(ValueText, EveryTruthValueButZeroIsTrue)
+{
+    VARIANT value;
+    VariantInit(&value);
+    value.vt = VT_BOOL;
+    value.boolVal = 1;
+    EXPECT_EQ(VariantToText(value, machine.module), u"True");
+}
+
 TEST_F(ValueText, TruthValuesAreWords)
 {
     EXPECT_EQ(TextOfValue(Variant::FromBool(true)), u"True");
@@ -59,6 +75,16 @@ TEST_F(ValueText, ADateThatHasNoTextSaysSo)
     EXPECT_EQ(TextOfValue(Variant::FromDate(1e9)), u"Invalid DateTime");
     machine.module.AddString(55296, u"Kein Datum");
     EXPECT_EQ(TextOfValue(Variant::FromDate(1e9)), u"Kein Datum");
+}
+
+TEST_F(ValueText, AReferenceToAValueIsNoText)
+{
+    int32_t number = 5;
+    VARIANT value;
+    VariantInit(&value);
+    value.vt = VT_BYREF | VT_I4;
+    value.byref = &number;
+    EXPECT_EQ(VariantToText(value, machine.module), u"");
 }
 
 TEST_F(ValueText, EverythingElseIsNoText)
