@@ -8,7 +8,10 @@ namespace tv::macro {
 
 namespace {
 
-bool IsLoose(Type type) { return type == Type::Variant || type == Type::Object; }
+bool IsLoose(Type type)
+{
+    return type == Type::Variant || type == Type::Object;
+}
 
 } // namespace
 
@@ -200,10 +203,18 @@ bool Compiler::IsOwnName(const std::u16string& folded) const
     return scope->syntax->kind == ProcedureKind::Function && Lower(scope->syntax->name) == folded;
 }
 
+void Compiler::CheckSuffix(const Expression& name, const Variable& variable)
+{
+    if (name.suffix != 0 && variable.type.type != SuffixType(name.suffix)) {
+        Fail(name.at, u"Type-declaration character does not match declared data type");
+    }
+}
+
 const Variable& Compiler::VariableOrImplicit(const Expression& name)
 {
     std::u16string folded = Lower(name.name);
     if (const Variable* variable = FindVariable(folded)) {
+        CheckSuffix(name, *variable);
         return *variable;
     }
     if (IsKnownName(folded)) {
@@ -286,6 +297,7 @@ Type Compiler::EmitName(const Expression& expression)
 {
     std::u16string folded = Lower(expression.name);
     if (const Variable* variable = FindVariable(folded)) {
+        CheckSuffix(expression, *variable);
         return EmitLoad(*variable);
     }
     if (std::optional<Value> constant = NamedConstant(expression.name, expression.at)) {
@@ -367,8 +379,7 @@ int32_t Compiler::RecordOf(const Expression& expression)
             return -1;
         }
         if (base.kind == ExpressionKind::Member) {
-            int32_t outer = base.base ? RecordOf(*base.base)
-                                      : (scope->withs.empty() ? -1 : scope->withs.back().record);
+            int32_t outer = base.base ? RecordOf(*base.base) : (scope->withs.empty() ? -1 : scope->withs.back().record);
             if (outer >= 0) {
                 const Shape& field = module->records[static_cast<size_t>(outer)].fields[FindField(outer, base)];
                 return field.isArray ? field.record : -1;
@@ -387,8 +398,8 @@ Type Compiler::EmitMember(const Expression& expression)
         Emit(Op::Push, AddConstant(*constant));
         return constant->Kind();
     }
-    int32_t record = expression.base ? RecordOf(*expression.base)
-                                     : (scope->withs.empty() ? -1 : scope->withs.back().record);
+    int32_t record =
+        expression.base ? RecordOf(*expression.base) : (scope->withs.empty() ? -1 : scope->withs.back().record);
     if (record >= 0) {
         size_t field = FindField(record, expression);
         if (expression.base) {
@@ -541,8 +552,7 @@ Type Compiler::EmitIndex(const Expression& expression)
     }
     Type element = Type::Variant;
     if (base.kind == ExpressionKind::Member) {
-        int32_t record = base.base ? RecordOf(*base.base)
-                                   : (scope->withs.empty() ? -1 : scope->withs.back().record);
+        int32_t record = base.base ? RecordOf(*base.base) : (scope->withs.empty() ? -1 : scope->withs.back().record);
         if (record < 0) {
             Type type = EmitMemberCall(base, expression.arguments);
             if (type == Type::Empty) {
@@ -587,8 +597,8 @@ Compiler::AddressResult Compiler::EmitAddress(const Expression& expression)
         }
     }
     if (expression.kind == ExpressionKind::Member) {
-        int32_t record = expression.base ? RecordOf(*expression.base)
-                                         : (scope->withs.empty() ? -1 : scope->withs.back().record);
+        int32_t record =
+            expression.base ? RecordOf(*expression.base) : (scope->withs.empty() ? -1 : scope->withs.back().record);
         if (record >= 0) {
             size_t field = FindField(record, expression);
             if (expression.base) {
@@ -609,11 +619,11 @@ Compiler::AddressResult Compiler::EmitAddress(const Expression& expression)
             std::u16string folded = Lower(base.name);
             const Variable* variable = FindVariable(folded);
             bool isRecursion = IsOwnName(folded) && !scope->procedure->parameters.empty();
-            reachesArray = variable != nullptr && !isRecursion &&
-                           (variable->isArray || variable->type.type == Type::Variant);
+            reachesArray =
+                variable != nullptr && !isRecursion && (variable->isArray || variable->type.type == Type::Variant);
         } else if (base.kind == ExpressionKind::Member) {
-            int32_t record = base.base ? RecordOf(*base.base)
-                                       : (scope->withs.empty() ? -1 : scope->withs.back().record);
+            int32_t record =
+                base.base ? RecordOf(*base.base) : (scope->withs.empty() ? -1 : scope->withs.back().record);
             reachesArray = record >= 0;
         } else {
             reachesArray = base.kind == ExpressionKind::Index;

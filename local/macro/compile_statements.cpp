@@ -1,7 +1,10 @@
 #include "macro/compiler.h"
 
 #include "macro/convert.h"
+#include "macro/parser.h"
 #include "macro/text.h"
+
+#include <algorithm>
 
 namespace tv::macro {
 
@@ -13,7 +16,10 @@ size_t Compiler::Emit(Op op, int32_t target, uint16_t count, uint8_t flags, int3
     return procedure.code.size() - 1;
 }
 
-uint32_t Compiler::Here() const { return static_cast<uint32_t>(scope->procedure->code.size()); }
+uint32_t Compiler::Here() const
+{
+    return static_cast<uint32_t>(scope->procedure->code.size());
+}
 
 void Compiler::PatchToHere(size_t instruction)
 {
@@ -57,7 +63,10 @@ void Compiler::BeginStatement(const Position& at)
     statements.push_back(StatementInfo{at.line, scope->lineNumber, Here(), Here()});
 }
 
-void Compiler::FinishStatement() { scope->procedure->statements[scope->statement].next = Here(); }
+void Compiler::FinishStatement()
+{
+    scope->procedure->statements[scope->statement].next = Here();
+}
 
 void Compiler::EmitBlock(const Block& block)
 {
@@ -79,12 +88,95 @@ void Compiler::EmitStatement(const Statement& statement)
 
 void Compiler::EmitBody(const LetStatement& statement)
 {
-    EmitAssignment(*statement.target, [&] { return EmitValue(*statement.value); }, false);
+    if (EmitAppend(statement)) {
+        return;
+    }
+    EmitAssignment(
+        *statement.target, [&] { return EmitValue(*statement.value); }, false);
+}
+
+/// `s = s & a & b` adds to the text in place, or building a text piece by piece would copy it each time.
+bool Compiler::EmitAppend(const LetStatement& statement)
+{
+    const Expression& target = *statement.target;
+    if (target.kind != ExpressionKind::Name) {
+        return false;
+    }
+    std::vector<const Expression*> terms;
+    const Expression* left = statement.value.get();
+    for (; left->kind == ExpressionKind::Binary && left->operation == Operator::Concatenate; left = left->base.get()) {
+        terms.push_back(left->right.get());
+    }
+    const std::u16string folded = Lower(target.name);
+    bool isAppend = !terms.empty() && left->kind == ExpressionKind::Name && Lower(left->name) == folded &&
+                    (FindVariable(folded) != nullptr || !IsKnownName(folded)) &&
+                    std::all_of(terms.begin(), terms.end(), [this](const Expression* term) { return IsPure(*term); });
+    if (!isAppend) {
+        return false;
+    }
+    VariableOrImplicit(*left);
+    const Variable variable = VariableOrImplicit(target);
+    bool holdsText = variable.type.type == Type::String || variable.type.type == Type::Variant;
+    if (!holdsText || variable.isArray || variable.type.fixedLength >= 0) {
+        return false;
+    }
+    if (UndeclaredVariable* uses = UsesOf(variable)) {
+        ++uses->reads;
+        ++uses->assignments;
+    }
+    EmitValue(*terms.back());
+    for (size_t i = terms.size() - 1; i-- > 0;) {
+        const uint32_t start = Here();
+        EmitValue(*terms[i]);
+        EmitOperation(Operator::Concatenate, {}, start, start);
+    }
+    Emit(Op::AppendText, variable.slot, static_cast<uint16_t>(variable.place),
+         static_cast<uint8_t>(variable.type.type));
+    return true;
+}
+
+/// Whether evaluating the expression can't change a variable of this module.
+bool Compiler::IsPure(const Expression& expression) const
+{
+    auto isPure = [this](const ExpressionPtr& part) { return part == nullptr || IsPure(*part); };
+    auto callsNothing = [this](const Expression& name) {
+        const Symbol* symbol = FindSymbol(Lower(name.name));
+        return FindVariable(Lower(name.name)) != nullptr || symbol == nullptr || symbol->kind == SymbolKind::Variable ||
+               symbol->kind == SymbolKind::Constant;
+    };
+    switch (expression.kind) {
+    case ExpressionKind::Literal:
+        return true;
+    case ExpressionKind::Name:
+        return callsNothing(expression);
+    case ExpressionKind::Parenthesized:
+    case ExpressionKind::Unary:
+    case ExpressionKind::Member:
+        return isPure(expression.base);
+    case ExpressionKind::Binary:
+        // Chains of operators may be long; each link is looked at by itself.
+        for (const Expression* node = &expression;; node = node->base.get()) {
+            if (node->kind != ExpressionKind::Binary) {
+                return IsPure(*node);
+            }
+            if (!IsPure(*node->right)) {
+                return false;
+            }
+        }
+    case ExpressionKind::Index:
+        return expression.base->kind == ExpressionKind::Name && callsNothing(*expression.base) &&
+               !IsHostGlobal(Lower(expression.base->name)) &&
+               std::all_of(expression.arguments.begin(), expression.arguments.end(),
+                           [&](const ArgumentSyntax& argument) { return isPure(argument.value); });
+    default:
+        return false;
+    }
 }
 
 void Compiler::EmitBody(const SetStatement& statement)
 {
-    EmitAssignment(*statement.target, [&] { return EmitValue(*statement.value); }, true);
+    EmitAssignment(
+        *statement.target, [&] { return EmitValue(*statement.value); }, true);
 }
 
 void Compiler::EmitBody(const CallStatement& statement)
@@ -127,6 +219,7 @@ void Compiler::DeclareLocal(const VariableSyntax& written, bool isStatic)
     Variable variable;
     variable.type = type;
     variable.isArray = written.isArray;
+    variable.isFixed = !written.bounds.empty();
     if (isStatic) {
         variable.place = Place::Global;
         variable.slot = static_cast<int32_t>(module->globals.size());
@@ -177,8 +270,15 @@ void Compiler::EmitBody(const ReDimStatement& statement)
                 declared.name = item.target->name;
                 declared.at = item.target->at;
                 declared.isArray = true;
+                declared.type.type = item.type.isGiven ? Type::Variant : LetterType(syntax.letterTypes, folded);
                 DeclareLocal(declared, false);
-                scope->variables[folded].type = given;
+                if (item.type.isGiven) {
+                    scope->variables[folded].type = given;
+                    Shape& shape = module->shapes[static_cast<size_t>(scope->shapedLocals.back().second)];
+                    shape.type = given.type;
+                    shape.record = given.record;
+                    shape.fixedLength = given.fixedLength;
+                }
             }
         }
         AddressResult address = EmitAddress(*item.target);
@@ -187,6 +287,11 @@ void Compiler::EmitBody(const ReDimStatement& statement)
         }
         if (!address.isArray && address.type != Type::Variant) {
             Fail(item.target->at, u"Expected: array");
+        }
+        bool changesType =
+            item.type.isGiven && address.isArray && (given.type != address.type || given.record != address.record);
+        if (changesType) {
+            Fail(item.type.at, u"Can't change data types of array elements");
         }
         Shape element;
         element.type = item.type.isGiven ? given.type : (address.isArray ? address.type : Type::Variant);
@@ -209,7 +314,10 @@ void Compiler::EmitBody(const EraseStatement& statement)
     }
 }
 
-void Compiler::EmitCondition(const Expression& condition) { EmitValue(condition); }
+void Compiler::EmitCondition(const Expression& condition)
+{
+    EmitValue(condition);
+}
 
 void Compiler::EmitBody(const IfStatement& statement)
 {
@@ -435,9 +543,18 @@ void Compiler::EmitJumpToLabel(Op op, const std::u16string& name)
     label.uses.push_back(Emit(op));
 }
 
-void Compiler::EmitBody(const GoToStatement& statement) { EmitJumpToLabel(Op::Jump, statement.label); }
-void Compiler::EmitBody(const GoSubStatement& statement) { EmitJumpToLabel(Op::GoSub, statement.label); }
-void Compiler::EmitBody(const ReturnStatement&) { Emit(Op::ReturnFromSub); }
+void Compiler::EmitBody(const GoToStatement& statement)
+{
+    EmitJumpToLabel(Op::Jump, statement.label);
+}
+void Compiler::EmitBody(const GoSubStatement& statement)
+{
+    EmitJumpToLabel(Op::GoSub, statement.label);
+}
+void Compiler::EmitBody(const ReturnStatement&)
+{
+    Emit(Op::ReturnFromSub);
+}
 
 void Compiler::EmitBody(const OnJumpStatement& statement)
 {
@@ -522,7 +639,10 @@ void Compiler::EmitBody(const ExitStatement& statement)
     Emit(Op::Return);
 }
 
-void Compiler::EmitBody(const EndStatement&) { Emit(Op::End); }
+void Compiler::EmitBody(const EndStatement&)
+{
+    Emit(Op::End);
+}
 
 void Compiler::EmitBody(const RaiseStatement& statement)
 {
@@ -566,7 +686,8 @@ void Compiler::EmitBody(const AlignStatement& statement)
             Fail(statement.value->at,
                  u"LSet between different user-defined types is not supported by this macro language");
         }
-        EmitAssignment(*statement.target, [&] { return EmitValue(*statement.value); }, false);
+        EmitAssignment(
+            *statement.target, [&] { return EmitValue(*statement.value); }, false);
         return;
     }
     EmitValue(*statement.target);

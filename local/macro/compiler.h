@@ -28,6 +28,8 @@ struct Variable
     int32_t slot = 0;
     ResolvedType type;
     bool isArray = false;
+    /// An array whose bounds stand in its declaration.
+    bool isFixed = false;
 
     /// The type that a value takes when it is stored in it.
     Type StoredType() const
@@ -180,6 +182,8 @@ private:
     void EmitBlock(const Block& block);
     void EmitStatement(const Statement& statement);
     void EmitBody(const LetStatement& statement);
+    bool EmitAppend(const LetStatement& statement);
+    bool IsPure(const Expression& expression) const;
     void EmitBody(const SetStatement& statement);
     void EmitBody(const CallStatement& statement);
     void EmitBody(const DimStatement& statement);
@@ -304,6 +308,7 @@ private:
     bool IsKnownName(const std::u16string& folded) const;
     bool IsQualifier(const std::u16string& folded) const;
     const Variable& VariableOrImplicit(const Expression& name);
+    static void CheckSuffix(const Expression& name, const Variable& variable);
     /// The uses of a variable that nothing declares; null for one that is declared.
     UndeclaredVariable* UsesOf(const Variable& variable);
     void NoteHandedToMember(const Expression& argument);

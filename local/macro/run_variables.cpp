@@ -2,6 +2,7 @@
 
 #include "macro/builtins.h"
 #include "macro/convert.h"
+#include "macro/fast_operators.h"
 #include "macro/runner.h"
 
 namespace tv::macro {
@@ -11,7 +12,7 @@ namespace {
 /// Walks an array as it was when the loop began.
 class ArrayEnumerator final : public Enumerator
 {
-public:
+  public:
     explicit ArrayEnumerator(const Ref<Array>& values) : array(values) {}
 
     std::optional<Value> Next() override
@@ -19,12 +20,10 @@ public:
         return position < array->items.size() ? std::optional(array->items[position++]) : std::nullopt;
     }
 
-private:
+  private:
     Ref<Array> array;
     size_t position = 0;
 };
-
-bool IsPlainWhole(const Value& value) { return value.Kind() == Type::Integer || value.Kind() == Type::Long; }
 
 } // namespace
 
@@ -43,7 +42,8 @@ void Runner::StoreInto(Value& target, Value value, uint8_t flags)
         value = Value(value.Resolved());
     }
     Type declared = static_cast<Type>(flags);
-    if (declared == Type::Variant || (value.Kind() == declared && declared < Type::Record && declared != Type::Object)) {
+    if (declared == Type::Variant ||
+        (value.Kind() == declared && declared < Type::Record && declared != Type::Object)) {
         target = std::move(value);
     } else if (declared == Type::Array) {
         StoreArray(target, std::move(value));
@@ -63,6 +63,9 @@ void Runner::StoreInto(Value& target, Value value, uint8_t flags)
 
 void Runner::StoreArray(Value& target, Value value)
 {
+    if (value.IsString() && target.IsArray() && target.ArrayPointer()->elementType == Type::Byte) {
+        value = Value(BytesOfText(value));
+    }
     if (value.IsString() && target.IsArray() && target.ArrayPointer()->elementType == Type::Byte) {
         value = Value(BytesOfText(value));
     }
@@ -211,8 +214,8 @@ void Runner::ReDim(const Instruction& instruction)
     if (preserve) {
         bool sameShape = old->dimensions.size() == dimensions.size();
         for (size_t i = 0; sameShape && i + 1 < dimensions.size(); ++i) {
-            sameShape = old->dimensions[i].lower == dimensions[i].lower &&
-                        old->dimensions[i].count == dimensions[i].count;
+            sameShape =
+                old->dimensions[i].lower == dimensions[i].lower && old->dimensions[i].count == dimensions[i].count;
         }
         // Only the last dimension may change, and only at its end.
         if (!sameShape || old->dimensions.back().lower != dimensions.back().lower) {
@@ -236,9 +239,8 @@ void Runner::EraseArray()
     if (array->locks > 0) {
         Raise(kArrayLocked);
     }
-    Ref<Array> emptied =
-        MakeRef<Array>(array->elementType, array->isFixed ? array->dimensions : std::vector<Dimension>{},
-                       array->initialValue);
+    Ref<Array> emptied = MakeRef<Array>(
+        array->elementType, array->isFixed ? array->dimensions : std::vector<Dimension>{}, array->initialValue);
     emptied->isFixed = array->isFixed;
     emptied->hasFixedTexts = array->hasFixedTexts;
     holder = Value(emptied);
@@ -291,65 +293,52 @@ void Runner::CheckObject(int32_t className)
 void Runner::Binary(const Instruction& instruction)
 {
     Operator operation = static_cast<Operator>(instruction.flags);
-    const Value& left = Top(1);
+    Value& left = Top(1);
     const Value& right = Top();
-    // Whole numbers and joined texts are most of what macros compute.
-    if (IsPlainWhole(left) && IsPlainWhole(right)) {
-        int64_t a = left.Whole();
-        int64_t b = right.Whole();
-        bool known = true;
-        bool truth = false;
-        switch (operation) {
-        case Operator::Equal:
-            truth = a == b;
-            break;
-        case Operator::NotEqual:
-            truth = a != b;
-            break;
-        case Operator::Less:
-            truth = a < b;
-            break;
-        case Operator::Greater:
-            truth = a > b;
-            break;
-        case Operator::LessOrEqual:
-            truth = a <= b;
-            break;
-        case Operator::GreaterOrEqual:
-            truth = a >= b;
-            break;
-        default:
-            known = false;
-            break;
+    if (operation == Operator::Concatenate && left.IsString() && right.IsString()) {
+        // A text that an expression is building belongs to nobody else.
+        if (!left.TryAppend(right.Text())) {
+            const std::u16string& first = left.Text();
+            const std::u16string& second = right.Text();
+            std::u16string joined;
+            MemoryBudget::Check((first.size() + second.size()) * sizeof(char16_t));
+            joined.reserve(first.size() + second.size());
+            joined.append(first).append(second);
+            left = Value(std::move(joined));
         }
-        if (known) {
-            Drop(1);
-            Top() = Value(truth);
-            return;
-        }
-        bool isSum = operation == Operator::Add || operation == Operator::Subtract;
-        int64_t sum = operation == Operator::Add ? a + b : a - b;
-        Type kind = left.Kind() == Type::Long || right.Kind() == Type::Long ? Type::Long : Type::Integer;
-        if (isSum && FitsInto(kind, sum)) {
-            Drop(1);
-            Top() = kind == Type::Long ? Value(static_cast<int32_t>(sum)) : Value(static_cast<int16_t>(sum));
-            return;
-        }
-    } else if (operation == Operator::Concatenate && left.IsString() && right.IsString() && !left.EndsInHalf() &&
-               !right.EndsInHalf()) {
-        const std::u16string& first = left.Text();
-        const std::u16string& second = right.Text();
-        std::u16string joined;
-        MemoryBudget::Check((first.size() + second.size()) * sizeof(char16_t));
-        joined.reserve(first.size() + second.size());
-        joined.append(first).append(second);
-        Drop(1);
-        Top() = Value(std::move(joined));
-        return;
+        return Drop(1);
     }
     Value result = Apply(operation, left, right, UnpackTraits(instruction.count));
     Drop(1);
     Top() = std::move(result);
+}
+
+void Runner::BinaryElsewhere(const Instruction& instruction, const Value* left, const Value& right)
+{
+    if (left != nullptr) {
+        Push(*left);
+    }
+    Push(right);
+    Binary(instruction);
+}
+
+void Runner::AppendText(const Instruction& instruction)
+{
+    Place place = static_cast<Place>(instruction.count);
+    bool isFixed = place == Place::Param && frame->base[instruction.target].IsReference() &&
+                   frame->base[instruction.target].TargetType() == Type::FixedText;
+    Value& target = Slot(place, instruction.target);
+    const Value& value = Top();
+    if (!isFixed && value.IsString() && target.TryAppend(value.Text())) {
+        return Drop(1);
+    }
+    Value result = Apply(Operator::Concatenate, target, value, {});
+    Top() = std::move(result);
+    if (place == Place::Param) {
+        return StoreParam(instruction);
+    }
+    Value joined = Pop();
+    StoreInto(target, std::move(joined), instruction.flags);
 }
 
 void Runner::ForBegin(const Instruction& instruction)

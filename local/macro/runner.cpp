@@ -2,6 +2,7 @@
 
 #include "macro/builtins.h"
 #include "macro/convert.h"
+#include "macro/fast_operators.h"
 #include "macro/text.h"
 
 #include <stdexcept>
@@ -96,9 +97,8 @@ RunResult Runner::Run(int32_t procedure, std::vector<Value> arguments)
             RunResult result;
             result.outcome = interrupt.outcome;
             result.number = interrupt.outcome == Outcome::Stopped ? 18 : 17;
-            result.description = interrupt.outcome == Outcome::Stopped
-                                     ? u"The macro was stopped"
-                                     : u"The macro ran longer than it may";
+            result.description =
+                interrupt.outcome == Outcome::Stopped ? u"The macro was stopped" : u"The macro ran longer than it may";
             result.line = errorLine;
             return result;
         }
@@ -198,8 +198,8 @@ void Runner::CallExternal(const Instruction& instruction)
     const External& external = module.externals[static_cast<size_t>(instruction.target)];
     const ExternalFunction* function = runtime.host.FindFunction(external.library, external.entry);
     if (function == nullptr) {
-        throw MacroError(kEntryNotFound, u"Can't find DLL entry point " + external.shownEntry + u" in " +
-                                             external.shownLibrary);
+        throw MacroError(kEntryNotFound,
+                         u"Can't find DLL entry point " + external.shownEntry + u" in " + external.shownLibrary);
     }
     std::span<Value> values(top - instruction.count, instruction.count);
     Arguments arguments(values);
@@ -311,49 +311,197 @@ void Runner::ResumeAt(int64_t address, bool next)
 
 // Loop.
 
+/// Where the next instruction takes a plain result at once, it never lies on the stack. Returns what is to be done
+/// next.
+inline const Instruction* Runner::TakeResult(const Instruction* code, const Instruction* next)
+{
+    const Value& result = *(top - 1);
+    if (next->op == Op::StoreLocal) {
+        Type declared = static_cast<Type>(next->flags);
+        Value& target = frame->base[next->target];
+        if ((declared == result.Kind() || declared == Type::Variant) && target.IsPlain()) {
+            target.SetPlain(result);
+            --top;
+            return next + 1;
+        }
+    } else if (next->op == Op::JumpIfFalse && result.Kind() == Type::Boolean && code + next->target > next) {
+        --top;
+        return result.Truth() ? next + 1 : code + next->target;
+    }
+    return next;
+}
+
+inline Value* Runner::PlainElement(const Value& base, const Value* indices, size_t count)
+{
+    if (!base.IsArray()) {
+        return nullptr;
+    }
+    Array* array = base.ArrayPointer();
+    if (array->dimensions.size() != count) {
+        return nullptr;
+    }
+    size_t position = 0;
+    size_t stride = 1;
+    for (size_t i = 0; i < count; ++i) {
+        const Dimension& dimension = array->dimensions[i];
+        if (!IsPlainWhole(indices[i])) {
+            return nullptr;
+        }
+        int64_t offset = indices[i].Whole() - dimension.lower;
+        if (offset < 0 || offset >= dimension.count) {
+            return nullptr;
+        }
+        position += static_cast<size_t>(offset) * stride;
+        stride *= static_cast<size_t>(dimension.count);
+    }
+    return &array->items[position];
+}
+
+/// Indices and value lie on the stack. False when the rules of assignment are needed.
+inline bool Runner::StorePlainElement(const Instruction& instruction)
+{
+    const Value& base = Slot(static_cast<Place>(instruction.flags), instruction.target);
+    const Value& value = *(top - 1);
+    Value* element = PlainElement(base, top - 1 - instruction.count, instruction.count);
+    if (element == nullptr || !value.IsPlain() || !element->IsPlain() || instruction.extra == 1) {
+        return false;
+    }
+    const Array& array = *base.ArrayPointer();
+    Type declared = array.StoredType();
+    if (array.References() - array.locks > 1 || (declared != value.Kind() && declared != Type::Variant)) {
+        return false;
+    }
+    element->SetPlain(value);
+    top -= instruction.count + 1;
+    return true;
+}
+
+// The instructions that macros spend their time on are carried out here, with the place in the code in a register;
+// everything else, and every case of them that needs a rule of the language, goes through Step.
 void Runner::Loop()
 {
-    while (frame != nullptr && !ended) {
-        const Instruction& instruction = frame->procedure->code[at++];
+    const Instruction* code = nullptr;
+    const Instruction* next = nullptr;
+    Value* base = nullptr;
+    auto resume = [&] {
+        code = frame->procedure->code.data();
+        next = code + at;
+        base = frame->base;
+    };
+    // What may fail or look at the frame needs to know where it stands.
+    auto pause = [&] { at = static_cast<uint32_t>(next - code); };
+    auto jump = [&](const Instruction& instruction) {
+        const Instruction* to = code + instruction.target;
+        if (to < next) {
+            pause();
+            Checkpoint();
+        }
+        next = to;
+    };
+    if (frame == nullptr || ended) {
+        return;
+    }
+    resume();
+    while (true) {
+        const Instruction& instruction = *next++;
+        const Operator operation = static_cast<Operator>(instruction.flags);
         switch (instruction.op) {
         case Op::Push:
             Push(constants[static_cast<size_t>(instruction.target)]);
             break;
         case Op::LoadLocal:
-            Push(frame->base[instruction.target]);
+            Push(base[instruction.target]);
             break;
         case Op::LoadParam:
-            Push(frame->base[instruction.target].Resolved());
+            Push(base[instruction.target].Resolved());
             break;
         case Op::LoadGlobal:
             Push(globals[static_cast<size_t>(instruction.target)]);
             break;
         case Op::StoreLocal: {
+            Value& target = base[instruction.target];
+            Type declared = static_cast<Type>(instruction.flags);
+            const Value& plain = Top();
+            if (plain.IsPlain() && target.IsPlain() && (plain.Kind() == declared || declared == Type::Variant)) {
+                target.SetPlain(plain);
+                --top;
+                break;
+            }
+            pause();
             Value value = Pop();
-            StoreInto(frame->base[instruction.target], std::move(value), instruction.flags);
+            StoreInto(target, std::move(value), instruction.flags);
             break;
         }
         case Op::Binary:
+            if (ComputeFast(operation, Top(1), Top(), top - 2)) {
+                --top;
+                next = TakeResult(code, next);
+                break;
+            }
+            pause();
             Binary(instruction);
             break;
-        case Op::Jump:
-            if (static_cast<uint32_t>(instruction.target) < at) {
-                Checkpoint();
+        case Op::BinaryWithLocal:
+        case Op::BinaryWithConstant: {
+            const Value& right = instruction.op == Op::BinaryWithLocal
+                                     ? base[instruction.target].Resolved()
+                                     : constants[static_cast<size_t>(instruction.target)];
+            if (ComputeFast(operation, Top(), right, top - 1)) {
+                next = TakeResult(code, next);
+                break;
             }
-            at = static_cast<uint32_t>(instruction.target);
+            pause();
+            BinaryElsewhere(instruction, nullptr, right);
+            break;
+        }
+        case Op::BinaryLocals:
+        case Op::BinaryLocalConstant: {
+            const Value& left = base[instruction.extra].Resolved();
+            const Value& right = instruction.op == Op::BinaryLocals
+                                     ? base[instruction.target].Resolved()
+                                     : constants[static_cast<size_t>(instruction.target)];
+            if (ComputeFast(operation, left, right, top)) {
+                ++top;
+                next = TakeResult(code, next);
+                break;
+            }
+            pause();
+            BinaryElsewhere(instruction, &left, right);
+            break;
+        }
+        case Op::IndexVariable: {
+            const Value& array = Slot(static_cast<Place>(instruction.flags), instruction.target);
+            Value* element = PlainElement(array, top - instruction.count, instruction.count);
+            if (element != nullptr) {
+                top -= instruction.count;
+                Push(*element);
+                break;
+            }
+            pause();
+            Step(instruction);
+            resume();
+            break;
+        }
+        case Op::StoreElement:
+            if (!StorePlainElement(instruction)) {
+                pause();
+                Step(instruction);
+                resume();
+            }
+            break;
+        case Op::Jump:
+            jump(instruction);
             break;
         case Op::JumpIfFalse:
         case Op::JumpIfTrue: {
             const Value& condition = Top();
+            pause();
             // Null is neither, and an If treats it like False.
             bool truth = condition.Kind() == Type::Boolean ? condition.Truth()
                                                            : !condition.Resolved().IsNull() && condition.ToBoolean();
             Drop(1);
             if (truth == (instruction.op == Op::JumpIfTrue)) {
-                if (static_cast<uint32_t>(instruction.target) < at) {
-                    Checkpoint();
-                }
-                at = static_cast<uint32_t>(instruction.target);
+                jump(instruction);
             }
             break;
         }
@@ -361,16 +509,29 @@ void Runner::Loop()
             Drop(1);
             break;
         case Op::ForFast:
+            pause();
             ForFast(instruction);
+            next = code + at;
             break;
         case Op::Call:
+            pause();
             Enter(instruction.target, instruction.count, at);
+            resume();
             break;
         case Op::Return:
             Leave();
+            if (frame == nullptr) {
+                return;
+            }
+            resume();
             break;
         default:
+            pause();
             Step(instruction);
+            if (ended) {
+                return;
+            }
+            resume();
             break;
         }
     }
@@ -460,8 +621,7 @@ void Runner::Step(const Instruction& instruction)
     case Op::CheckObject:
         return CheckObject(target);
     case Op::Unary: {
-        Value value =
-            ApplyUnary(static_cast<Operator>(instruction.flags), Top(), UnpackTraits(instruction.count));
+        Value value = ApplyUnary(static_cast<Operator>(instruction.flags), Top(), UnpackTraits(instruction.count));
         Top() = std::move(value);
         return;
     }
@@ -489,6 +649,8 @@ void Runner::Step(const Instruction& instruction)
         }
         at = goSubs.back();
         return goSubs.pop_back();
+    case Op::AppendText:
+        return AppendText(instruction);
     case Op::ForBegin:
         return ForBegin(instruction);
     case Op::ForTest: {

@@ -80,6 +80,13 @@ private:
 
     // Operators and loops.
     void Binary(const Instruction& instruction);
+    /// An operation whose operands, or one of them, aren't on the stack.
+    void BinaryElsewhere(const Instruction& instruction, const Value* left, const Value& right);
+    void AppendText(const Instruction& instruction);
+    /// An element whose indices are whole numbers within the bounds, or null.
+    static Value* PlainElement(const Value& base, const Value* indices, size_t count);
+    bool StorePlainElement(const Instruction& instruction);
+    const Instruction* TakeResult(const Instruction* code, const Instruction* next);
     void ForBegin(const Instruction& instruction);
     bool ForIsOver(const Value& variable, int32_t hidden) const;
     void ForStep(const Instruction& instruction);

@@ -3,6 +3,7 @@
 #include "macro/convert.h"
 #include "macro/object.h"
 
+#include <algorithm>
 #include <limits>
 
 namespace tv::macro {
@@ -52,8 +53,14 @@ void RefCounted::Destroy(const RefCounted* object)
     }
 }
 
-MemoryBudget::MemoryBudget(uint64_t bytes) : previousLimit(byteLimit) { byteLimit = liveBytes + bytes; }
-MemoryBudget::~MemoryBudget() { byteLimit = previousLimit; }
+MemoryBudget::MemoryBudget(uint64_t bytes) : previousLimit(byteLimit)
+{
+    byteLimit = liveBytes + bytes;
+}
+MemoryBudget::~MemoryBudget()
+{
+    byteLimit = previousLimit;
+}
 
 void MemoryBudget::Check(uint64_t bytes)
 {
@@ -68,7 +75,10 @@ void MemoryBudget::Charge(size_t bytes)
     liveBytes += bytes;
 }
 
-void MemoryBudget::Credit(size_t bytes) { liveBytes -= bytes; }
+void MemoryBudget::Credit(size_t bytes)
+{
+    liveBytes -= bytes;
+}
 
 StringBox::StringBox(std::u16string characters)
     : text(std::move(characters)), charged(sizeof(StringBox) + text.capacity() * sizeof(char16_t))
@@ -76,7 +86,25 @@ StringBox::StringBox(std::u16string characters)
     MemoryBudget::Charge(charged);
 }
 
-StringBox::~StringBox() { MemoryBudget::Credit(charged); }
+StringBox::~StringBox()
+{
+    MemoryBudget::Credit(charged);
+}
+
+void StringBox::Append(std::u16string_view more)
+{
+    size_t needed = text.size() + more.size();
+    if (needed > text.capacity()) {
+        size_t wanted = std::max(needed, 2 * text.capacity());
+        MemoryBudget::Check(wanted * sizeof(char16_t));
+        size_t before = text.capacity();
+        text.reserve(wanted);
+        size_t growth = (text.capacity() - before) * sizeof(char16_t);
+        MemoryBudget::Charge(growth);
+        charged += growth;
+    }
+    text.append(more);
+}
 
 Array::Array(Type elements, std::vector<Dimension> bounds, const Value& initial)
     : elementType(elements), dimensions(std::move(bounds)), initialValue(initial)
@@ -92,12 +120,15 @@ Array::Array(Type elements, std::vector<Dimension> bounds, const Value& initial)
     }
 }
 
-Array::~Array() { MemoryBudget::Credit(charged); }
+Array::~Array()
+{
+    MemoryBudget::Credit(charged);
+}
 
 Ref<Array> Array::FromValues(std::vector<Value> values)
 {
-    Ref<Array> array = MakeRef<Array>(
-        Type::Variant, std::vector<Dimension>{Dimension{0, static_cast<int32_t>(values.size())}});
+    Ref<Array> array =
+        MakeRef<Array>(Type::Variant, std::vector<Dimension>{Dimension{0, static_cast<int32_t>(values.size())}});
     array->items = std::move(values);
     return array;
 }
@@ -120,7 +151,9 @@ Value& Array::At(std::span<const Value> indices)
     size_t position = 0;
     for (size_t i = indices.size(); i-- > 0;) {
         const Dimension& dimension = dimensions[i];
-        int64_t offset = int64_t{indices[i].ToLong()} - dimension.lower;
+        const Value& index = indices[i];
+        bool isWhole = index.Kind() == Type::Integer || index.Kind() == Type::Long;
+        int64_t offset = (isWhole ? index.Whole() : int64_t{index.ToLong()}) - dimension.lower;
         if (offset < 0 || offset >= dimension.count) {
             Raise(kSubscriptOutOfRange);
         }
@@ -151,7 +184,10 @@ Record::Record(int32_t definition, std::vector<Value> initial, std::vector<Type>
     MemoryBudget::Charge(sizeof(Record) + fields.size() * sizeof(Value));
 }
 
-Record::~Record() { MemoryBudget::Credit(sizeof(Record) + fields.size() * sizeof(Value)); }
+Record::~Record()
+{
+    MemoryBudget::Credit(sizeof(Record) + fields.size() * sizeof(Value));
+}
 
 Ref<Record> Record::Clone() const
 {
@@ -164,7 +200,10 @@ Ref<Record> Record::Clone() const
     return copy;
 }
 
-ReferenceBox::ReferenceBox(Value* element, const Ref<Array>& owner) : target(element), array(owner) { ++array->locks; }
+ReferenceBox::ReferenceBox(Value* element, const Ref<Array>& owner) : target(element), array(owner)
+{
+    ++array->locks;
+}
 
 ReferenceBox::ReferenceBox(Value* element, const Ref<Record>& owner, Value parent)
     : target(element), record(owner), outer(std::move(parent))
@@ -237,8 +276,14 @@ Value Value::Null()
     return value;
 }
 
-Value Value::Nothing() { return Value(Type::Object, nullptr); }
-Value Value::Missing() { return FromError(kParameterNotFound); }
+Value Value::Nothing()
+{
+    return Value(Type::Object, nullptr);
+}
+Value Value::Missing()
+{
+    return FromError(kParameterNotFound);
+}
 
 Value Value::FromByte(uint8_t number)
 {
@@ -268,9 +313,15 @@ Value Value::FromError(int32_t code)
     return value;
 }
 
-Value Value::FromInternal(const Ref<RefCounted>& object) { return Value(Type::Internal, object.get()); }
+Value Value::FromInternal(const Ref<RefCounted>& object)
+{
+    return Value(Type::Internal, object.get());
+}
 
-bool Value::IsMissing() const { return type == Type::Error && data.integer == kParameterNotFound; }
+bool Value::IsMissing() const
+{
+    return type == Type::Error && data.integer == kParameterNotFound;
+}
 
 bool Value::IsNumeric() const
 {
@@ -284,9 +335,27 @@ const std::u16string& Value::Text() const
     return data.counted == nullptr ? empty : static_cast<const StringBox*>(data.counted)->text;
 }
 
-Object* Value::ObjectPointer() const { return static_cast<Object*>(data.counted); }
-Array* Value::ArrayPointer() const { return static_cast<Array*>(data.counted); }
-Record* Value::RecordPointer() const { return static_cast<Record*>(data.counted); }
+bool Value::TryAppend(std::u16string_view more)
+{
+    if (type != Type::String || data.counted == nullptr || data.counted->References() != 1) {
+        return false;
+    }
+    static_cast<StringBox*>(data.counted)->Append(more);
+    return true;
+}
+
+Object* Value::ObjectPointer() const
+{
+    return static_cast<Object*>(data.counted);
+}
+Array* Value::ArrayPointer() const
+{
+    return static_cast<Array*>(data.counted);
+}
+Record* Value::RecordPointer() const
+{
+    return static_cast<Record*>(data.counted);
+}
 
 Value Value::ReferenceTo(Value* variable, Type declared)
 {
@@ -315,12 +384,30 @@ Value& Value::Target() const
     return IsBareReference() ? *data.variable : *static_cast<ReferenceBox*>(data.counted)->target;
 }
 
-bool Value::ToBoolean() const { return ConvertToBoolean(*this); }
-int16_t Value::ToInteger() const { return static_cast<int16_t>(CoerceTo(Type::Integer, *this).Whole()); }
-int32_t Value::ToLong() const { return ConvertToLong(*this); }
-int64_t Value::ToLongLong() const { return CoerceTo(Type::LongLong, *this).Whole(); }
-double Value::ToDouble() const { return ConvertToDouble(*this); }
-std::u16string Value::ToText() const { return ConvertToText(*this); }
+bool Value::ToBoolean() const
+{
+    return ConvertToBoolean(*this);
+}
+int16_t Value::ToInteger() const
+{
+    return static_cast<int16_t>(CoerceTo(Type::Integer, *this).Whole());
+}
+int32_t Value::ToLong() const
+{
+    return ConvertToLong(*this);
+}
+int64_t Value::ToLongLong() const
+{
+    return CoerceTo(Type::LongLong, *this).Whole();
+}
+double Value::ToDouble() const
+{
+    return ConvertToDouble(*this);
+}
+std::u16string Value::ToText() const
+{
+    return ConvertToText(*this);
+}
 
 Ref<Object> Value::ToObject() const
 {

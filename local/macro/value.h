@@ -168,8 +168,18 @@ public:
     const Value& Resolved() const { return type == Type::Reference ? Target() : *this; }
     Value& Resolved() { return type == Type::Reference ? Target() : *this; }
 
-    // Raw writes for the machine's fast paths; only on values that hold nothing counted.
+    /// Appends to a text that nobody else holds; false when it is shared, empty or no text.
+    bool TryAppend(std::u16string_view more);
+
+    // Raw writes for the machine's fast paths; only between values that hold nothing counted.
+    bool IsPlain() const { return !IsCounted() && type != Type::Reference; }
     void SetWhole(int64_t number) { data.integer = number; }
+    void SetPlain(const Value& plain)
+    {
+        data = plain.data;
+        type = plain.type;
+        detail = plain.detail;
+    }
 
 private:
     struct ObjectTag
@@ -206,6 +216,9 @@ class StringBox final : public RefCounted
 public:
     explicit StringBox(std::u16string characters);
     ~StringBox() override;
+
+    /// Grows by doubling, so that a text that is built piece by piece costs as much as its length.
+    void Append(std::u16string_view more);
 
     std::u16string text;
     size_t charged;
