@@ -1,6 +1,7 @@
 #include "host/command_line.h"
 
 #include "host/file_commands.h"
+#include "host/macro_commands.h"
 #include "host/run_commands.h"
 #include "host/task_commands.h"
 #include "vault/error_table.h"
@@ -142,10 +143,14 @@ class CommandLine
         auto* log = Command("log", "Print the log of an instance", [this] { return LogCommand(context, ids.front()); });
         log->add_option("ID", ids, "Id of the instance")->required()->expected(1);
 
-        auto* macro = Command("macro", "Print the macro that a run would give a file",
-                              [this] { return MacroCommand(context, name, path); });
+        auto* macro = Command("macro", "Print the macro that a run would give a file, or say what is wrong with it",
+                              [this] { return MacroCommand(context, name, path, checks); });
         macro->add_option("NAME", name, "Name of the task")->required();
         macro->add_option("PATH", path, "File of the vault")->required();
+        macro->add_flag("--check", checks.compile, "Say what the application's compiler would refuse");
+        macro->add_flag("--lint", checks.lint,
+                        "Warn of what runs and does otherwise than it says: placeholders and tokens that nothing "
+                        "stands for, values that break the line, misspelled names");
     }
 
     HostContext& context;
@@ -164,6 +169,7 @@ class CommandLine
     bool recursive = false;
     bool all = false;
     bool useTemplate = false;
+    MacroChecks checks;
 };
 
 int Complain(HostEnvironment& environment, std::string_view words, int exitCode)

@@ -333,22 +333,4 @@ int LogCommand(HostContext& context, int32_t id)
     return kExitDone;
 }
 
-int MacroCommand(HostContext& context, const std::string& taskName, const std::string& path)
-{
-    const TaskRecord task = context.RequireTask(taskName);
-    const FileRecord file = context.RequireFile(path);
-    SelectionItem item = Select(context, path);
-    item.version = file.latestVersion;
-    AddInSession addIn(context.environment.component, context.store);
-    const auto instance = MakePreviewInstance(context.store, task);
-    const std::string text = addIn.MacroFor(instance.get(), item);
-    if (context.json) {
-        context.PrintJson(
-            {{"task", task.name}, {"path", VaultPathText(context.store->PathOfFile(file))}, {"macro", text}});
-    } else {
-        context.environment.out << text;
-    }
-    return kExitDone;
-}
-
 } // namespace tv::local

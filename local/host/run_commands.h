@@ -12,6 +12,5 @@ int LaunchCommand(HostContext& context, const std::string& task, const std::vect
 int RunCommand(HostContext& context, const std::vector<int32_t>& ids, bool all);
 int StatusCommand(HostContext& context, std::optional<int32_t> id);
 int LogCommand(HostContext& context, int32_t id);
-int MacroCommand(HostContext& context, const std::string& task, const std::string& path);
 
 } // namespace tv::local

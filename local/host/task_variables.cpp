@@ -130,6 +130,34 @@ constexpr VariableRow kVariables[] = {
     {"__printer_refversiontype", kInt, nullptr},
 };
 
+struct DefaultRow
+{
+    std::string_view name;
+    const char* value;
+};
+
+// Likewise for a print task, save that its margins, header and footer are left to the printer and the document.
+constexpr DefaultRow kPrintDefaults[] = {
+    {"__printer_prseltype", "0"},          {"__printer_prname", ""},
+    {"__printer_prnamelist", ""},          {"__printer_papsize_A", ""},
+    {"__printer_papsize_B", ""},           {"__printer_papsize_C", ""},
+    {"__printer_papsize_D", ""},           {"__printer_papsize_E", ""},
+    {"__printer_papsize_A0", ""},          {"__printer_papsize_A1", ""},
+    {"__printer_papsize_A2", ""},          {"__printer_papsize_A3", ""},
+    {"__printer_papsize_A4", ""},          {"__printer_papsize_DEF", ""},
+    {"__printer_copycount", "1"},          {"__printer_usedrwnfo", "true"},
+    {"__printer_defpapsize", "10"},        {"__printer_usersizechange", "false"},
+    {"__printer_deforientation", "1"},     {"__printer_userorientchange", "false"},
+    {"__printer_margintype", "0"},         {"__printer_margintop", "0"},
+    {"__printer_marginbottom", "0"},       {"__printer_marginleft", "0"},
+    {"__printer_marginright", "0"},        {"__printer_headertype", "0"},
+    {"__printer_footertype", "0"},         {"__printer_headerleft", ""},
+    {"__printer_headercenter", ""},        {"__printer_headerright", ""},
+    {"__printer_footerleft", ""},          {"__printer_footercenter", ""},
+    {"__printer_footerright", ""},         {"__printer_showprintdlg", "false"},
+    {"__printer_autoselectrefstype", "1"}, {"__printer_refversiontype", "1"},
+};
+
 constexpr std::string_view kFormats[] = {
     "Lattice XML (*.ltxml)",
     "ACIS (*.sat)",
@@ -335,6 +363,7 @@ NamedValue ParseAssignment(std::string_view text,
 std::vector<NamedValue> NewTaskVariables(int32_t kind, std::string_view taskName, std::string_view script)
 {
     constexpr int32_t kConvert = 1;
+    constexpr int32_t kPrint = 2;
     std::vector<NamedValue> variables = {
         {"__type", StoredValue::FromInt(kind)},
         {"__script", StoredValue::FromText(script)},
@@ -346,6 +375,11 @@ std::vector<NamedValue> NewTaskVariables(int32_t kind, std::string_view taskName
             if (row.convertDefault != nullptr) {
                 variables.push_back({std::string(row.name), ValueOf(row.kind, row.convertDefault)});
             }
+        }
+    }
+    if (kind == kPrint) {
+        for (const DefaultRow& row : kPrintDefaults) {
+            variables.push_back({std::string(row.name), ValueOf(*KindOfVariable(row.name), row.value)});
         }
     }
     return variables;

@@ -47,7 +47,7 @@ std::optional<StoredValue> ParseValue(ValueKind kind, std::string_view text);
 NamedValue ParseAssignment(std::string_view text,
                            const std::function<std::optional<StoredValue>(std::string_view)>& current);
 
-/// The variables of a new convert task, with its macro.
+/// The variables of a new task of a kind, with its macro: as the add-in's pages would store them unchanged.
 std::vector<NamedValue> NewTaskVariables(int32_t kind, std::string_view taskName, std::string_view script);
 
 } // namespace tv::local

@@ -240,17 +240,6 @@ TEST_F(RunCommands, AnAddInThatIsNotRegisteredIsAFailureThatSaysSo)
     EXPECT_NE(printed.err.find("can't be created"), std::string::npos);
 }
 
-TEST_F(RunCommands, TheMacroOfAFileIsThatOfItsLatestVersionAndNoInstanceIsMade)
-{
-    Done({"import", Write("host/screw.step", "second"), "--to", "\\Parts"});
-    EXPECT_EQ(Done({"macro", "Export STL", "\\Parts\\screw.step"}),
-              "macro for " + Local("screw.step") + " version 2\r\n");
-    EXPECT_TRUE(Store()->Instances().empty());
-    component.offersPreview = false;
-    EXPECT_EQ(Run({"macro", "Export STL", "\\Parts\\screw.step"}).code, 1);
-    EXPECT_EQ(Run({"macro", "Export STL", "\\Parts"}).code, 2);
-}
-
 TEST_F(RunCommands, StatusListsInstancesAndTellsAllOfOne)
 {
     EXPECT_NE(Done({"status"}).find("No task was launched yet"), std::string::npos);

@@ -37,6 +37,11 @@ class ScriptedAddIn final : public ComObject<IVyxAddIn5, ITVTaskPreview>
         if (!script.offersPreview) {
             return E_UNEXPECTED;
         }
+        ++script.previews;
+        if (!script.macro.empty()) {
+            *text = tv::AllocateText(script.macro);
+            return 0;
+        }
         *text = tv::AllocateText(u"macro for " + std::u16string(tv::TextOf(file->path)) + u" version " +
                                  std::u16string(1, static_cast<char16_t>(u'0' + file->version)) + u"\r\n");
         return 0;

@@ -34,6 +34,9 @@ class ScriptedComponent final : public Component
     std::vector<int32_t> log;
     bool registered = true;
     bool offersPreview = true;
+    /// What the preview gives; a line that names path and version when it is empty.
+    std::u16string macro;
+    int previews = 0;
 };
 
 class QuietMachine final : public Machine

@@ -110,9 +110,65 @@ TEST(TaskVariables, ANewConvertTaskHasEveryVariableThatItsMacroNames)
     }
 }
 
-TEST(TaskVariables, OtherKindsOfTaskGetNoConversionSettings)
+TEST(TaskVariables, AScriptTaskGetsNoSettings)
 {
     EXPECT_EQ(NewTaskVariables(3, "x", "macro").size(), 4u);
+}
+
+constexpr ExpectedDefault kExpectedPrintDefaults[] = {
+    {"ErrorLogPath", "text", "\\Logs\\x"},
+    {"__printer_autoselectrefstype", "int", "1"},
+    {"__printer_copycount", "int", "1"},
+    {"__printer_deforientation", "int", "1"},
+    {"__printer_defpapsize", "int", "10"},
+    {"__printer_footercenter", "text", ""},
+    {"__printer_footerleft", "text", ""},
+    {"__printer_footerright", "text", ""},
+    {"__printer_footertype", "int", "0"},
+    {"__printer_headercenter", "text", ""},
+    {"__printer_headerleft", "text", ""},
+    {"__printer_headerright", "text", ""},
+    {"__printer_headertype", "int", "0"},
+    {"__printer_marginbottom", "float", "0"},
+    {"__printer_marginleft", "float", "0"},
+    {"__printer_marginright", "float", "0"},
+    {"__printer_margintop", "float", "0"},
+    {"__printer_margintype", "int", "0"},
+    {"__printer_papsize_A", "text", ""},
+    {"__printer_papsize_A0", "text", ""},
+    {"__printer_papsize_A1", "text", ""},
+    {"__printer_papsize_A2", "text", ""},
+    {"__printer_papsize_A3", "text", ""},
+    {"__printer_papsize_A4", "text", ""},
+    {"__printer_papsize_B", "text", ""},
+    {"__printer_papsize_C", "text", ""},
+    {"__printer_papsize_D", "text", ""},
+    {"__printer_papsize_DEF", "text", ""},
+    {"__printer_papsize_E", "text", ""},
+    {"__printer_prname", "text", ""},
+    {"__printer_prnamelist", "text", ""},
+    {"__printer_prseltype", "int", "0"},
+    {"__printer_refversiontype", "int", "1"},
+    {"__printer_showprintdlg", "bool", "false"},
+    {"__printer_usedrwnfo", "bool", "true"},
+    {"__printer_userorientchange", "bool", "false"},
+    {"__printer_usersizechange", "bool", "false"},
+    {"__script", "text", "macro"},
+    {"__tv_version", "int", "0"},
+    {"__type", "int", "2"},
+};
+
+TEST(TaskVariables, ANewPrintTaskHasEveryVariableThatItsMacroNames)
+{
+    const auto variables = NewTaskVariables(2, "x", "macro");
+    EXPECT_EQ(variables.size(), std::size(kExpectedPrintDefaults));
+    for (const ExpectedDefault& expected : kExpectedPrintDefaults) {
+        const auto found = std::find_if(variables.begin(), variables.end(),
+                                        [&](const NamedValue& value) { return value.name == expected.name; });
+        ASSERT_NE(found, variables.end()) << expected.name;
+        EXPECT_EQ(KindWord(*KindOfValue(found->value)), expected.kind) << expected.name;
+        EXPECT_EQ(found->value.Display(), expected.value) << expected.name;
+    }
 }
 
 TEST(TaskVariables, AKnownVariableNeedsNoKind)
