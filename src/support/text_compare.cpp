@@ -123,6 +123,15 @@ char16_t UpperCase(char16_t unit)
     return static_cast<char16_t>(range->firstCapital + (unit - range->first));
 }
 
+std::u16string InCapitals(std::u16string_view text)
+{
+    std::u16string capitals(text);
+    for (char16_t& unit : capitals) {
+        unit = UpperCase(unit);
+    }
+    return capitals;
+}
+
 int CompareIgnoringCase(std::u16string_view left, std::u16string_view right)
 {
     const size_t shared = std::min(left.size(), right.size());

@@ -1,6 +1,7 @@
 // Comparison of texts without regard to case, as the system compares paths.
 #pragma once
 
+#include <string>
 #include <string_view>
 
 namespace tv {
@@ -8,6 +9,8 @@ namespace tv {
 /// The capital of a letter by the system's own table: one unit to one unit, of any script, not by locale. Every other
 /// unit is returned as it is.
 char16_t UpperCase(char16_t unit);
+/// A text in capitals: equal for texts that are equal but for case, so a key for look-ups by path.
+std::u16string InCapitals(std::u16string_view text);
 
 bool EqualIgnoringCase(std::u16string_view left, std::u16string_view right);
 bool StartsWithIgnoringCase(std::u16string_view text, std::u16string_view start);

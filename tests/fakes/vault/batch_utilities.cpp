@@ -180,9 +180,7 @@ class BatchAdd final : public ComObject<IVyxBatchAdd>
         }
         const std::u16string parent = FolderOf(path);
         const int32_t parentId = FolderId(parent);
-        const int32_t id = ++world->lastId;
-        world->folders[id] = {id, parentId, path, false};
-        return id;
+        return world->InsertFolder(path, parentId).id;
     }
 
     VyxAddResult Add(const Queued& queued)

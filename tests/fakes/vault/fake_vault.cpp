@@ -6,14 +6,25 @@
 
 namespace tv::fakes {
 
+namespace {
+
+/// The ids that still stand for something; the others leave the index.
+template <typename Things> const std::vector<int32_t>& Standing(std::vector<int32_t>& ids, const Things& things)
+{
+    std::erase_if(ids, [&](int32_t id) { return !things.contains(id); });
+    return ids;
+}
+
+} // namespace
+
 FakeFile* VaultWorld::FindFile(std::u16string_view path)
 {
-    for (auto& [id, file] : files) {
-        if (EqualIgnoringCase(file->path, path)) {
-            return file.get();
-        }
+    const auto found = filesByPath.find(InCapitals(path));
+    if (found == filesByPath.end()) {
+        return nullptr;
     }
-    return nullptr;
+    const Index& ids = Standing(found->second, files);
+    return ids.empty() ? nullptr : FindFile(ids.front());
 }
 
 FakeFile* VaultWorld::FindFile(int32_t id)
@@ -24,12 +35,12 @@ FakeFile* VaultWorld::FindFile(int32_t id)
 
 FakeFolder* VaultWorld::FindFolder(std::u16string_view path)
 {
-    for (auto& [id, folder] : folders) {
-        if (EqualIgnoringCase(folder.path, path)) {
-            return &folder;
-        }
+    const auto found = foldersByPath.find(InCapitals(path));
+    if (found == foldersByPath.end()) {
+        return nullptr;
     }
-    return nullptr;
+    const Index& ids = Standing(found->second, folders);
+    return ids.empty() ? nullptr : FindFolder(ids.front());
 }
 
 FakeFolder* VaultWorld::FindFolder(int32_t id)
@@ -38,21 +49,40 @@ FakeFolder* VaultWorld::FindFolder(int32_t id)
     return found != folders.end() ? &found->second : nullptr;
 }
 
+std::vector<int32_t> VaultWorld::FilesIn(int32_t folderId)
+{
+    return Standing(filesByFolder[folderId], files);
+}
+
+std::vector<int32_t> VaultWorld::SubFolders(int32_t folderId)
+{
+    return Standing(foldersByParent[folderId], folders);
+}
+
 FakeFile& VaultWorld::Insert(std::u16string_view path, int32_t folderId)
 {
     auto file = std::make_unique<FakeFile>();
     file->id = ++lastId;
     file->folderId = folderId;
     file->path = path;
+    filesByPath[InCapitals(path)].push_back(file->id);
+    filesByFolder[folderId].push_back(file->id);
     return *(files[file->id] = std::move(file));
+}
+
+FakeFolder& VaultWorld::InsertFolder(std::u16string_view path, int32_t parentId)
+{
+    const int32_t id = ++lastId;
+    foldersByPath[InCapitals(path)].push_back(id);
+    foldersByParent[parentId].push_back(id);
+    return folders[id] = {id, parentId, std::u16string(path), false};
 }
 
 FakeVault::FakeVault(std::u16string_view root, FileService* disk) : world(std::make_shared<VaultWorld>())
 {
     world->root = root;
     world->disk = disk;
-    const int32_t id = ++world->lastId;
-    world->folders[id] = {id, 0, std::u16string(root), false};
+    world->InsertFolder(root, 0);
     vault = MakeVaultObject(world);
 }
 
@@ -63,9 +93,7 @@ int32_t FakeVault::AddFolder(std::u16string_view path)
     }
     const std::u16string parent = FolderOf(path);
     const int32_t parentId = parent.size() < world->root.size() ? 0 : AddFolder(parent);
-    const int32_t id = ++world->lastId;
-    world->folders[id] = {id, parentId, std::u16string(path), false};
-    return id;
+    return world->InsertFolder(path, parentId).id;
 }
 
 FakeFile& FakeVault::AddFile(std::u16string_view path, int32_t versions)

@@ -11,6 +11,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 namespace tv::fakes {
@@ -71,12 +72,26 @@ struct VaultWorld
     int32_t lastId = 0;
     VaultScript script;
 
+    /// Of files with the same path, the first that came.
     FakeFile* FindFile(std::u16string_view path);
     FakeFile* FindFile(int32_t id);
     FakeFolder* FindFolder(std::u16string_view path);
     FakeFolder* FindFolder(int32_t id);
+    /// Ids in the order in which the files came.
+    std::vector<int32_t> FilesIn(int32_t folderId);
+    std::vector<int32_t> SubFolders(int32_t folderId);
     FakeFile& Insert(std::u16string_view path, int32_t folderId);
+    FakeFolder& InsertFolder(std::u16string_view path, int32_t parentId);
     bool LockedByAnother(const FakeFile& file) const { return !file.lockedBy.empty() && file.lockedBy != user; }
+
+  private:
+    /// Ids in the order in which they came. A test may take files away, so an id may have nothing behind it.
+    using Index = std::vector<int32_t>;
+
+    std::unordered_map<std::u16string, Index> filesByPath;
+    std::unordered_map<std::u16string, Index> foldersByPath;
+    std::unordered_map<int32_t, Index> filesByFolder;
+    std::unordered_map<int32_t, Index> foldersByParent;
 };
 
 /// Owns the world; a test builds it up, hands Get() to the code under test, and looks at what became of it.

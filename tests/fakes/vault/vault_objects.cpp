@@ -287,13 +287,7 @@ class FolderObject final : public ComObject<IVyxFolder>
     Result TV_CALL GetFirstFilePosition(IVyxPos** position) override
     {
         return Answer("Folder.GetFirstFilePosition", [&](FakeFolder&) {
-            std::vector<int32_t> ids;
-            for (const auto& [id, file] : world->files) {
-                if (file->folderId == folderId) {
-                    ids.push_back(id);
-                }
-            }
-            *position = MakeObject<Position>(std::move(ids)).release();
+            *position = MakeObject<Position>(world->FilesIn(folderId)).release();
             return 0;
         });
     }
@@ -309,13 +303,7 @@ class FolderObject final : public ComObject<IVyxFolder>
     Result TV_CALL GetFirstSubFolderPosition(IVyxPos** position) override
     {
         return Answer("Folder.GetFirstSubFolderPosition", [&](FakeFolder&) {
-            std::vector<int32_t> ids;
-            for (const auto& [id, folder] : world->folders) {
-                if (folder.parentId == folderId) {
-                    ids.push_back(id);
-                }
-            }
-            *position = MakeObject<Position>(std::move(ids)).release();
+            *position = MakeObject<Position>(world->SubFolders(folderId)).release();
             return 0;
         });
     }

@@ -51,6 +51,24 @@ TEST(IgnoringCase, TextsAreEqualWithoutRegardToCase)
     EXPECT_TRUE(EqualIgnoringCase(u"", u""));
 }
 
+TEST(IgnoringCase, CapitalsAreAKeyForLookUps)
+{
+    EXPECT_EQ(InCapitals(u"c:\\Vault\\\u00E4\u03C9\u0436.step"), u"C:\\VAULT\\\u00C4\u03A9\u0416.STEP");
+    EXPECT_EQ(InCapitals(u""), u"");
+    EXPECT_EQ(InCapitals(u"\u0131\u0130\u00DF\u03C2\xD83D\xDE00"), u"\u0131\u0130\u00DF\u03C2\xD83D\xDE00");
+}
+
+TEST(IgnoringCase, TurkishAndGreekLettersAreComparedAsFileNamesAre)
+{
+    EXPECT_FALSE(EqualIgnoringCase(u"\u0131", u"I"));
+    EXPECT_FALSE(EqualIgnoringCase(u"\u0131", u"i"));
+    EXPECT_FALSE(EqualIgnoringCase(u"\u0130", u"i"));
+    EXPECT_TRUE(EqualIgnoringCase(u"i", u"I"));
+    EXPECT_TRUE(EqualIgnoringCase(u"\u03C3\u03AC", u"\u03A3\u0386"));
+    EXPECT_FALSE(EqualIgnoringCase(u"\u03C2", u"\u03A3"));
+    EXPECT_FALSE(EqualIgnoringCase(u"\u00DF", u"SS"));
+}
+
 TEST(IgnoringCase, StartsAndEndsAreFound)
 {
     EXPECT_TRUE(StartsWithIgnoringCase(u"Torvane.exe", u"TORVANE"));
