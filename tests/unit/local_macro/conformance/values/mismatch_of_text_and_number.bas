@@ -1,5 +1,0 @@
-'! 13
-Sub main()
-    Dim n As Long
-    n = "abc"
-End Sub

@@ -1,5 +1,0 @@
-'! 94
-Sub main()
-    Dim n As Long
-    n = Null
-End Sub
