@@ -1,8 +1,8 @@
 // Functions that reach the host, and the object Err.
 
 #include "macro/builtins.h"
-#include "macro/convert.h"
 #include "macro/containers.h"
+#include "macro/convert.h"
 #include "macro/runtime.h"
 #include "macro/text.h"
 
@@ -30,7 +30,10 @@ Value DoEvents(Runtime& runtime, const Arguments&)
     return Value(int16_t{0});
 }
 
-Value Beep(Runtime&, const Arguments&) { return Value(); }
+Value Beep(Runtime&, const Arguments&)
+{
+    return Value();
+}
 
 Value CreateObject(Runtime& runtime, const Arguments& a)
 {
@@ -47,15 +50,17 @@ Value CreateObject(Runtime& runtime, const Arguments& a)
 
 Value GetObject(Runtime& runtime, const Arguments& a)
 {
-    Ref<Object> object =
-        runtime.host.GetObject(a.Has(0) ? a[0].ToText() : u"", a.Has(1) ? a[1].ToText() : u"");
+    Ref<Object> object = runtime.host.GetObject(a.Has(0) ? a[0].ToText() : u"", a.Has(1) ? a[1].ToText() : u"");
     if (!object) {
         Raise(kFileNotFoundByName);
     }
     return Value(object);
 }
 
-Value Environ(Runtime& runtime, const Arguments& a) { return Value(runtime.host.Environment(a[0].ToText())); }
+Value Environ(Runtime& runtime, const Arguments& a)
+{
+    return Value(runtime.host.Environment(a[0].ToText()));
+}
 
 Value IIf(Runtime&, const Arguments& a)
 {
@@ -125,7 +130,10 @@ constexpr Builtin kFunctions[] = {
 
 } // namespace
 
-std::span<const Builtin> InteractionFunctions() { return kFunctions; }
+std::span<const Builtin> InteractionFunctions()
+{
+    return kFunctions;
+}
 
 void ErrObject::Clear()
 {
@@ -142,6 +150,8 @@ void ErrObject::Take(const MacroError& error)
     number = error.number;
     description = error.description;
     source = error.source.empty() ? u"TVMacro1" : error.source;
+    helpFile = error.helpFile;
+    helpContext = error.helpContext;
 }
 
 void ErrObject::RaiseFrom(const Arguments& given)
@@ -156,7 +166,10 @@ void ErrObject::RaiseFrom(const Arguments& given)
         macro::Raise(kInvalidCall);
     }
     std::u16string words = a.Has(2) ? a[2].ToText() : std::u16string(ErrorDescription(number));
-    throw MacroError(number, std::move(words), a.Has(1) ? a[1].ToText() : std::u16string());
+    MacroError error(number, std::move(words), a.Has(1) ? a[1].ToText() : std::u16string());
+    error.helpFile = a.Has(3) ? a[3].ToText() : std::u16string();
+    error.helpContext = a.Has(4) ? a[4].ToLong() : 0;
+    throw error;
 }
 
 Value ErrObject::Invoke(const MemberName& name, InvokeKind kind, Arguments& arguments)
@@ -180,8 +193,9 @@ Value ErrObject::Invoke(const MemberName& name, InvokeKind kind, Arguments& argu
         std::u16string_view name;
         std::u16string ErrObject::*member;
     };
-    static constexpr Property kTexts[] = {
-        {u"description", &ErrObject::description}, {u"source", &ErrObject::source}, {u"helpfile", &ErrObject::helpFile}};
+    static constexpr Property kTexts[] = {{u"description", &ErrObject::description},
+                                          {u"source", &ErrObject::source},
+                                          {u"helpfile", &ErrObject::helpFile}};
     for (const Property& property : kTexts) {
         if (name.Is(property.name)) {
             if (isLet) {

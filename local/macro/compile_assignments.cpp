@@ -77,11 +77,14 @@ void Compiler::EmitAssignmentToName(const Expression& target, const ValueEmitter
             Fail(target.at, u"Assignment to constant not permitted");
         }
         if (IsKnownName(folded)) {
-            Fail(target.at, u"Function call on left-hand side of assignment must return Variant or Object: " +
-                                target.name);
+            Fail(target.at,
+                 u"Function call on left-hand side of assignment must return Variant or Object: " + target.name);
         }
     }
     Variable variable = VariableOrImplicit(target);
+    if (variable.isFixed) {
+        Fail(target.at, u"Can't assign to array");
+    }
     if (isSet) {
         if (variable.isArray || (variable.type.type != Type::Object && variable.type.type != Type::Variant)) {
             Fail(target.at, u"Object required");

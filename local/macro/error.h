@@ -77,6 +77,8 @@ public:
     int32_t number;
     std::u16string description;
     std::u16string source;
+    std::u16string helpFile;
+    int32_t helpContext = 0;
 };
 
 [[noreturn]] void Raise(int32_t number);

@@ -564,13 +564,35 @@ class ConditionalFilter
         int binding;
     };
 
+    // How tightly operators bind; Not and the signs stand between others.
+    static constexpr int kNot = 6;
+    static constexpr int kComparison = 7;
+    static constexpr int kSign = 13;
+    static constexpr int kPower = 14;
+
     const Level* FindLevel() const
     {
         static constexpr Level kLevels[] = {
-            {u"or", Operator::Or, 1},     {u"xor", Operator::Xor, 1},        {u"and", Operator::And, 2},
-            {u"=", Operator::Equal, 4},   {u"<>", Operator::NotEqual, 4},    {u"<", Operator::Less, 4},
-            {u">", Operator::Greater, 4}, {u"<=", Operator::LessOrEqual, 4}, {u">=", Operator::GreaterOrEqual, 4},
-            {u"+", Operator::Add, 5},     {u"-", Operator::Subtract, 5},     {u"*", Operator::Multiply, 6},
+            {u"imp", Operator::Imp, 1},
+            {u"eqv", Operator::Eqv, 2},
+            {u"xor", Operator::Xor, 3},
+            {u"or", Operator::Or, 4},
+            {u"and", Operator::And, 5},
+            {u"=", Operator::Equal, kComparison},
+            {u"<>", Operator::NotEqual, kComparison},
+            {u"<", Operator::Less, kComparison},
+            {u">", Operator::Greater, kComparison},
+            {u"<=", Operator::LessOrEqual, kComparison},
+            {u">=", Operator::GreaterOrEqual, kComparison},
+            {u"like", Operator::Like, kComparison},
+            {u"&", Operator::Concatenate, 8},
+            {u"+", Operator::Add, 9},
+            {u"-", Operator::Subtract, 9},
+            {u"mod", Operator::Modulo, 10},
+            {u"\\", Operator::IntegerDivide, 11},
+            {u"*", Operator::Multiply, 12},
+            {u"/", Operator::Divide, 12},
+            {u"^", Operator::Power, kPower},
         };
         for (const Level& level : kLevels) {
             if (Is(level.text) || IsSymbol(level.text)) {
@@ -609,11 +631,11 @@ class ConditionalFilter
         Value result;
         if (Is(u"not")) {
             ++at;
-            Value operand = Expression(3);
+            Value operand = Expression(kNot);
             result = Evaluated([&] { return ApplyUnary(Operator::Not, operand, {}); });
         } else if (IsSymbol(u"-")) {
             ++at;
-            Value operand = Expression(6);
+            Value operand = Expression(kSign);
             result = Evaluated([&] { return ApplyUnary(Operator::Negate, operand, {}); });
         } else if (IsSymbol(u"(")) {
             ++at;
@@ -625,6 +647,8 @@ class ConditionalFilter
         } else if (token.kind == TokenKind::Literal) {
             result = token.literal;
             ++at;
+        } else if (token.kind == TokenKind::Name && at + 1 < tokens.size() && tokens[at + 1].text == u"(") {
+            result = FunctionValue();
         } else if (token.kind == TokenKind::Name) {
             result = NamedValue(token);
             ++at;
@@ -633,6 +657,53 @@ class ConditionalFilter
         }
         --depth;
         return result;
+    }
+
+    /// One of the few functions that a condition may call.
+    Value FunctionValue()
+    {
+        struct Conversion
+        {
+            std::u16string_view name;
+            Type type;
+        };
+        static constexpr Conversion kConversions[] = {
+            {u"cbool", Type::Boolean}, {u"cbyte", Type::Byte},       {u"ccur", Type::Currency},
+            {u"cdate", Type::Date},    {u"cdbl", Type::Double},      {u"cint", Type::Integer},
+            {u"clng", Type::Long},     {u"clnglng", Type::LongLong}, {u"clngptr", Type::LongLong},
+            {u"csng", Type::Single},   {u"cstr", Type::String},      {u"cvar", Type::Variant},
+        };
+        const Token name = tokens[at];
+        at += 2;
+        Value argument = Expression(0);
+        if (!IsSymbol(u")")) {
+            throw CompileFailure{tokens[at].at, u"Expected: )"};
+        }
+        ++at;
+        return Evaluated([&] {
+            for (const Conversion& conversion : kConversions) {
+                if (conversion.name == name.folded) {
+                    return CoerceTo(conversion.type, argument);
+                }
+            }
+            if (name.folded == u"len" || name.folded == u"lenb") {
+                return Value(static_cast<int32_t>(argument.ToText().size() * (name.folded == u"len" ? 1 : 2)));
+            }
+            double number = argument.ToDouble();
+            if (name.folded == u"int") {
+                return Value(std::floor(number));
+            }
+            if (name.folded == u"fix") {
+                return Value(std::trunc(number));
+            }
+            if (name.folded == u"abs") {
+                return Value(std::abs(number));
+            }
+            if (name.folded == u"sgn") {
+                return Value(static_cast<int16_t>(number > 0 ? 1 : number < 0 ? -1 : 0));
+            }
+            throw CompileFailure{name.at, u"Sub or Function not defined: " + name.text};
+        });
     }
 
     Value NamedValue(const Token& token) const
