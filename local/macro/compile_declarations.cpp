@@ -15,7 +15,10 @@ constexpr size_t kMostProblems = 50;
 
 } // namespace
 
-void Compiler::Fail(const Position& at, std::u16string message) { throw CompileFailure{at, std::move(message)}; }
+void Compiler::Fail(const Position& at, std::u16string message)
+{
+    throw CompileFailure{at, std::move(message)};
+}
 
 std::shared_ptr<const Module> Compiler::Run()
 {
@@ -73,8 +76,7 @@ void Compiler::DeclareConstants()
 void Compiler::DeclareRecords()
 {
     for (const RecordSyntax& record : syntax.records) {
-        AddSymbol(record.name, record.at,
-                  Symbol{SymbolKind::Record, static_cast<int32_t>(module->records.size()), {}});
+        AddSymbol(record.name, record.at, Symbol{SymbolKind::Record, static_cast<int32_t>(module->records.size()), {}});
         module->records.push_back(RecordDefinition{record.name, {}, {}});
     }
     for (size_t i = 0; i < syntax.records.size(); ++i) {
@@ -99,8 +101,9 @@ void Compiler::DeclareVariables()
         Guarded([&] {
             ResolvedType type = Resolve(variable.type);
             Symbol symbol;
-            symbol.variable = Variable{Place::Global, static_cast<int32_t>(module->globals.size()), type,
-                                       variable.isArray};
+            symbol.variable =
+                Variable{Place::Global, static_cast<int32_t>(module->globals.size()), type, variable.isArray};
+            symbol.variable.isFixed = !variable.bounds.empty();
             module->globals.push_back(AddShape(MakeShape(variable, type)));
             AddSymbol(variable.name, variable.at, symbol);
         });
@@ -230,8 +233,7 @@ ResolvedType Compiler::Resolve(const TypeSyntax& type)
         resolved.record = found->second.index;
         return resolved;
     }
-    bool isEnum = (found != symbols.end() && found->second.kind == SymbolKind::Enum) ||
-                  IsBuiltinEnumeration(folded) ||
+    bool isEnum = (found != symbols.end() && found->second.kind == SymbolKind::Enum) || IsBuiltinEnumeration(folded) ||
                   (options.library != nullptr && options.library->HasEnumeration(folded));
     if (isEnum) {
         resolved.type = Type::Long;
@@ -317,7 +319,9 @@ void Compiler::CompileProcedure(size_t index)
     Emit(Op::Return);
     FinishStatement();
     FinishProcedure();
-    FindSimilarNames(firstUndeclared);
+    if (comparesNames) {
+        FindSimilarNames(firstUndeclared);
+    }
     scope = nullptr;
 }
 

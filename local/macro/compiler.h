@@ -52,6 +52,8 @@ public:
     std::vector<Problem> problems;
     /// Variables that were used without a declaration, when the module allows it.
     std::vector<UndeclaredVariable> undeclared;
+    /// Whether undeclared names are compared with the declared ones, which takes a while in large modules.
+    bool comparesNames = false;
 
 private:
     // What a name at module level stands for.

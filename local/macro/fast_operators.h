@@ -46,7 +46,7 @@ template <typename T> bool CompareFast(Operator operation, T left, T right, Valu
     }
 }
 
-inline bool ComputeWholeFast(Operator operation, Type kind, int32_t left, int32_t right, Value* result)
+[[gnu::always_inline]] inline bool ComputeWholeFast(Operator operation, Type kind, int32_t left, int32_t right, Value* result)
 {
     int64_t number = 0;
     switch (operation) {
@@ -126,7 +126,8 @@ inline bool ComputeDoubleFast(Operator operation, double left, double right, Val
     return true;
 }
 
-inline bool ComputeFast(Operator operation, const Value& left, const Value& right, Value* result)
+// The interpreter's loop has a copy at each place, with its own branches to predict.
+[[gnu::always_inline]] inline bool ComputeFast(Operator operation, const Value& left, const Value& right, Value* result)
 {
     Type leftKind = left.Kind();
     Type rightKind = right.Kind();

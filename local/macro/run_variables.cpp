@@ -66,9 +66,6 @@ void Runner::StoreArray(Value& target, Value value)
     if (value.IsString() && target.IsArray() && target.ArrayPointer()->elementType == Type::Byte) {
         value = Value(BytesOfText(value));
     }
-    if (value.IsString() && target.IsArray() && target.ArrayPointer()->elementType == Type::Byte) {
-        value = Value(BytesOfText(value));
-    }
     if (!value.IsArray()) {
         Raise(kTypeMismatch);
     }
@@ -295,7 +292,7 @@ void Runner::Binary(const Instruction& instruction)
     Operator operation = static_cast<Operator>(instruction.flags);
     Value& left = Top(1);
     const Value& right = Top();
-    if (operation == Operator::Concatenate && left.IsString() && right.IsString()) {
+    if (operation == Operator::Concatenate && left.IsWholeText() && right.IsWholeText()) {
         // A text that an expression is building belongs to nobody else.
         if (!left.TryAppend(right.Text())) {
             const std::u16string& first = left.Text();
@@ -329,7 +326,7 @@ void Runner::AppendText(const Instruction& instruction)
                    frame->base[instruction.target].TargetType() == Type::FixedText;
     Value& target = Slot(place, instruction.target);
     const Value& value = Top();
-    if (!isFixed && value.IsString() && target.TryAppend(value.Text())) {
+    if (!isFixed && value.IsWholeText() && target.IsWholeText() && target.TryAppend(value.Text())) {
         return Drop(1);
     }
     Value result = Apply(Operator::Concatenate, target, value, {});
@@ -383,7 +380,6 @@ void Runner::ForStep(const Instruction& instruction)
 
 void Runner::ForFast(const Instruction& instruction)
 {
-    Checkpoint();
     Value& variable = frame->base[instruction.count];
     const Value& last = frame->base[instruction.extra];
     const Value& step = frame->base[instruction.extra + 1];

@@ -116,16 +116,6 @@ RunResult Runner::Failure(const MacroError& error) const
     return result;
 }
 
-void Runner::Checkpoint()
-{
-    if (stop.load(std::memory_order_relaxed)) {
-        CheckTime();
-    }
-    if ((++ticks & 0xFFF) == 0) {
-        CheckTime();
-    }
-}
-
 void Runner::CheckTime()
 {
     if (stop.load(std::memory_order_relaxed)) {
@@ -136,23 +126,9 @@ void Runner::CheckTime()
     }
 }
 
-Value Runner::Pop()
-{
-    Value value = std::move(Top());
-    (--top)->~Value();
-    return value;
-}
-
-void Runner::Drop(size_t count)
-{
-    for (; count > 0; --count) {
-        (--top)->~Value();
-    }
-}
-
 // Calls.
 
-void Runner::Enter(int32_t index, size_t count, uint32_t returnTo)
+inline void Runner::Enter(int32_t index, size_t count, uint32_t returnTo)
 {
     Checkpoint();
     const Procedure& procedure = module.procedures[static_cast<size_t>(index)];
@@ -173,7 +149,7 @@ void Runner::Enter(int32_t index, size_t count, uint32_t returnTo)
     at = procedure.entry;
 }
 
-void Runner::Leave()
+inline void Runner::Leave()
 {
     Value result;
     bool hasResult = frame->procedure->hasResult;
@@ -508,11 +484,25 @@ void Runner::Loop()
         case Op::Pop:
             Drop(1);
             break;
-        case Op::ForFast:
+        case Op::ForFast: {
             pause();
+            Checkpoint();
+            Value& variable = base[instruction.count];
+            const Value& last = base[instruction.extra];
+            const Value& step = base[instruction.extra + 1];
+            if (variable.Kind() == Type::Long && IsPlainWhole(last) && IsPlainWhole(step)) {
+                int64_t number = variable.Whole() + step.Whole();
+                if (number == static_cast<int32_t>(number)) {
+                    variable.SetWhole(number);
+                    bool lasts = step.Whole() >= 0 ? number <= last.Whole() : number >= last.Whole();
+                    next = lasts ? code + instruction.target : next;
+                    break;
+                }
+            }
             ForFast(instruction);
             next = code + at;
             break;
+        }
         case Op::Call:
             pause();
             Enter(instruction.target, instruction.count, at);

@@ -42,7 +42,13 @@ private:
     void Loop();
     /// Carries out everything but the few instructions that Loop does itself.
     void Step(const Instruction& instruction);
-    void Checkpoint();
+    void Checkpoint()
+    {
+        // A clock is read seldom, a stop request is heard at once.
+        if ((++ticks & 0xFFF) == 0 || stop.load(std::memory_order_relaxed)) {
+            CheckTime();
+        }
+    }
     void CheckTime();
 
     // Errors.
@@ -95,8 +101,18 @@ private:
     void EachNext(const Instruction& instruction);
 
     void Push(Value value) { new (top++) Value(std::move(value)); }
-    Value Pop();
-    void Drop(size_t count);
+    Value Pop()
+    {
+        Value value = std::move(Top());
+        (--top)->~Value();
+        return value;
+    }
+    void Drop(size_t count)
+    {
+        for (; count > 0; --count) {
+            (--top)->~Value();
+        }
+    }
     Value& Top(size_t below = 0) { return *(top - 1 - below); }
 
     const Module& module;

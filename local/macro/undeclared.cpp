@@ -128,6 +128,7 @@ std::vector<UndeclaredVariable> UndeclaredVariables(std::u16string_view source, 
         ModuleSyntax tree = Parser(std::move(tokens)).ParseModule();
         tree.optionExplicit = false;
         Compiler compiler(tree, options);
+        compiler.comparesNames = true;
         compiler.Run();
         for (UndeclaredVariable& variable : compiler.undeclared) {
             const auto spelling = spellings.find(variable.similarName);
