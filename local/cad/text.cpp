@@ -1,5 +1,6 @@
 #include "cad/text.h"
 
+#include "com/utf8.h"
 #include "macro/object.h"
 
 #include <cstdint>
@@ -8,77 +9,6 @@
 namespace tv::app {
 
 namespace {
-
-constexpr char32_t kReplacement = 0xFFFD;
-
-void AppendUtf8(std::string& out, char32_t point)
-{
-    if (point < 0x80) {
-        out += static_cast<char>(point);
-    } else if (point < 0x800) {
-        out += static_cast<char>(0xC0 | (point >> 6));
-        out += static_cast<char>(0x80 | (point & 0x3F));
-    } else if (point < 0x10000) {
-        out += static_cast<char>(0xE0 | (point >> 12));
-        out += static_cast<char>(0x80 | ((point >> 6) & 0x3F));
-        out += static_cast<char>(0x80 | (point & 0x3F));
-    } else {
-        out += static_cast<char>(0xF0 | (point >> 18));
-        out += static_cast<char>(0x80 | ((point >> 12) & 0x3F));
-        out += static_cast<char>(0x80 | ((point >> 6) & 0x3F));
-        out += static_cast<char>(0x80 | (point & 0x3F));
-    }
-}
-
-void AppendUtf16(std::u16string& out, char32_t point)
-{
-    if (point < 0x10000) {
-        out += static_cast<char16_t>(point);
-    } else {
-        out += static_cast<char16_t>(0xD800 + ((point - 0x10000) >> 10));
-        out += static_cast<char16_t>(0xDC00 + ((point - 0x10000) & 0x3FF));
-    }
-}
-
-bool IsHighSurrogate(char16_t unit)
-{
-    return unit >= 0xD800 && unit < 0xDC00;
-}
-
-bool IsLowSurrogate(char16_t unit)
-{
-    return unit >= 0xDC00 && unit < 0xE000;
-}
-
-/// Reads one code point and moves the index behind it; a byte that starts none is passed over.
-char32_t NextPoint(std::string_view text, size_t& index)
-{
-    const auto byte = static_cast<uint8_t>(text[index++]);
-    if (byte < 0x80) {
-        return byte;
-    }
-    const int following = byte >= 0xF0 && byte < 0xF5   ? 3
-                          : byte >= 0xE0 && byte < 0xF0 ? 2
-                          : byte >= 0xC2 && byte < 0xE0 ? 1
-                                                        : 0;
-    if (following == 0) {
-        return kReplacement;
-    }
-    char32_t point = byte & (0x3Fu >> following);
-    const size_t start = index;
-    for (int i = 0; i < following; ++i) {
-        if (index >= text.size() || (static_cast<uint8_t>(text[index]) & 0xC0) != 0x80) {
-            index = start;
-            return kReplacement;
-        }
-        point = (point << 6) | (static_cast<uint8_t>(text[index++]) & 0x3Fu);
-    }
-    constexpr char32_t smallest[] = {0, 0x80, 0x800, 0x10000};
-    if (point < smallest[following] || point > 0x10FFFF || (point >= 0xD800 && point < 0xE000)) {
-        return kReplacement;
-    }
-    return point;
-}
 
 /// Code page 1252 from 0x80 to 0x9F; the rest of the page is Latin-1.
 constexpr char16_t kPage1252[32] = {0x20AC, 0x81,   0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
@@ -127,28 +57,12 @@ std::vector<std::u16string_view> Components(std::u16string_view path)
 
 std::string ToUtf8(std::u16string_view text)
 {
-    std::string out;
-    out.reserve(text.size());
-    for (size_t i = 0; i < text.size(); ++i) {
-        char32_t point = text[i];
-        if (IsHighSurrogate(text[i]) && i + 1 < text.size() && IsLowSurrogate(text[i + 1])) {
-            point = 0x10000 + ((point - 0xD800) << 10) + (static_cast<char32_t>(text[++i]) - 0xDC00);
-        } else if (point >= 0xD800 && point < 0xE000) {
-            point = kReplacement;
-        }
-        AppendUtf8(out, point);
-    }
-    return out;
+    return tv::ToUtf8(text, LoneSurrogate::Replace);
 }
 
 std::u16string ToUtf16(std::string_view text)
 {
-    std::u16string out;
-    out.reserve(text.size());
-    for (size_t index = 0; index < text.size();) {
-        AppendUtf16(out, NextPoint(text, index));
-    }
-    return out;
+    return FromUtf8(text, LoneSurrogate::Replace);
 }
 
 std::u16string FromCodePage1252(std::string_view bytes)

@@ -1,8 +1,8 @@
 #include "vault/file_list.h"
 
 #include "com/result.h"
+#include "com/utf8.h"
 #include "support/numbers.h"
-#include "vault/utf8.h"
 
 #include <pugixml.hpp>
 
@@ -12,6 +12,8 @@ namespace {
 
 constexpr int32_t kConvert = 1;
 constexpr int32_t kPrint = 2;
+/// A file's name may hold half a surrogate pair, and the list must give it back as it was.
+constexpr LoneSurrogate kNames = LoneSurrogate::Keep;
 
 void AppendElement(pugi::xml_node record, const char* name, const std::string& text)
 {
@@ -25,7 +27,7 @@ void AppendPlace(pugi::xml_node record, const TaskFile& file)
 {
     AppendElement(record, "doc_id", std::to_string(file.fileId));
     AppendElement(record, "proj_id", std::to_string(file.folderId));
-    AppendElement(record, "path", ToUtf8(file.path));
+    AppendElement(record, "path", ToUtf8(file.path, kNames));
     AppendElement(record, "ver", std::to_string(file.version));
 }
 
@@ -37,11 +39,11 @@ void AppendRecord(pugi::xml_node root, const TaskFile& file, int32_t taskKind)
         return;
     }
     AppendPlace(record, *file.source);
-    AppendElement(record, "conf", ToUtf8(file.outputConf));
+    AppendElement(record, "conf", ToUtf8(file.outputConf, kNames));
     if (taskKind == kConvert) {
-        AppendElement(record, "extra", ToUtf8(file.path));
+        AppendElement(record, "extra", ToUtf8(file.path, kNames));
     } else if (taskKind == kPrint && file.isPrinted) {
-        AppendElement(record, "extra", ToUtf8(file.extra));
+        AppendElement(record, "extra", ToUtf8(file.extra, kNames));
     }
 }
 
@@ -82,7 +84,7 @@ std::u16string TextIn(pugi::xml_node element)
     for (pugi::xml_node part : element.children()) {
         text += part.value();
     }
-    return FromUtf8(text);
+    return FromUtf8(text, kNames);
 }
 
 void ReadElement(pugi::xml_node element, TaskFile& file)
@@ -112,12 +114,12 @@ std::u16string FileListText(const std::vector<TaskFile>& files, int32_t taskKind
     }
     Utf8Writer writer;
     root.print(writer, "", pugi::format_raw | pugi::format_no_declaration, pugi::encoding_utf8);
-    return FromUtf8(writer.bytes);
+    return FromUtf8(writer.bytes, kNames);
 }
 
 void ParseFileList(std::u16string_view text, std::vector<TaskFile>& files)
 {
-    const std::string bytes = ToUtf8(text);
+    const std::string bytes = ToUtf8(text, kNames);
     pugi::xml_document document;
     // A name may consist of blanks.
     constexpr unsigned int kOptions = pugi::parse_default | pugi::parse_ws_pcdata_single;
