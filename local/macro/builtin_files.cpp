@@ -452,6 +452,9 @@ Value GetAttr(Runtime& runtime, const Arguments& a)
 Value SetAttr(Runtime& runtime, const Arguments& a)
 {
     FileAt(runtime, a);
+    if (runtime.files.IsOpen(a[0].ToText())) {
+        Raise(kFileAlreadyOpen);
+    }
     runtime.host.Files().SetReadOnly(a[0].ToText(), (a[1].ToLong() & 1) != 0);
     return Value();
 }
@@ -478,20 +481,15 @@ Value Dir(Runtime& runtime, const Arguments& a)
             // A folder that isn't there has no files.
             runtime.listing.clear();
         }
-    } else if (runtime.listingAt >= runtime.listing.size()) {
+        runtime.isListing = true;
+    } else if (!runtime.isListing) {
         Raise(kInvalidCall);
     }
-    if (runtime.listingAt >= runtime.listing.size()) {
-        runtime.listing.clear();
-        runtime.listingAt = 0;
-        return Value(u"");
+    if (runtime.listingAt < runtime.listing.size()) {
+        return Value(runtime.listing[runtime.listingAt++]);
     }
-    std::u16string name = runtime.listing[runtime.listingAt++];
-    if (runtime.listingAt == runtime.listing.size()) {
-        // One more call gives the empty text; the one after that is an error.
-        runtime.listing.emplace_back();
-    }
-    return Value(std::move(name));
+    runtime.isListing = false;
+    return Value(u"");
 }
 
 constexpr Builtin kFunctions[] = {

@@ -272,6 +272,13 @@ Ref<Enumerator> Dictionary::Enumerate() { return MakeRef<ListEnumerator>(Keys())
 
 Runtime::~Runtime()
 {
+    if (!debugLine.empty()) {
+        try {
+            host.DebugPrint(debugLine);
+        } catch (const std::exception&) {
+            // The run is over; nobody is left to hear of it.
+        }
+    }
     std::vector<Ref<Container>> held;
     for (Container* container : containers) {
         held.emplace_back(container);

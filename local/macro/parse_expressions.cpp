@@ -144,8 +144,9 @@ ExpressionPtr Parser::ParsePostfix()
         }
         if (IsSymbol(u"(") && node->kind != ExpressionKind::Literal) {
             ExpressionPtr call = Make(ExpressionKind::Index);
+            bool isInput = node->kind == ExpressionKind::Name && EqualIgnoringCase(node->name, u"input");
             ++at;
-            call->arguments = ParseArguments(true);
+            call->arguments = ParseArguments(true, isInput);
             ExpectSymbol(u")");
             call->base = std::move(node);
             node = std::move(call);
@@ -255,7 +256,7 @@ ExpressionPtr Parser::ParseNew()
     return node;
 }
 
-std::vector<ArgumentSyntax> Parser::ParseArguments(bool inParentheses)
+std::vector<ArgumentSyntax> Parser::ParseArguments(bool inParentheses, bool takesFileNumbers)
 {
     std::vector<ArgumentSyntax> arguments;
     auto atEnd = [&] { return inParentheses ? IsSymbol(u")") : AtEndOfStatement() || IsWord(u"else"); };
@@ -266,6 +267,9 @@ std::vector<ArgumentSyntax> Parser::ParseArguments(bool inParentheses)
         if (IsSymbol(u",") || atEnd()) {
             arguments.push_back(ArgumentSyntax{nullptr, {}});
         } else {
+            if (takesFileNumbers) {
+                TakeSymbol(u"#");
+            }
             arguments.push_back(ParseArgument());
         }
         if (!TakeSymbol(u",")) {

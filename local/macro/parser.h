@@ -109,7 +109,7 @@ private:
     ExpressionPtr ParseMember(ExpressionPtr base);
     ExpressionPtr ParseTypeOf();
     ExpressionPtr ParseNew();
-    std::vector<ArgumentSyntax> ParseArguments(bool inParentheses);
+    std::vector<ArgumentSyntax> ParseArguments(bool inParentheses, bool takesFileNumbers = false);
     ArgumentSyntax ParseArgument();
     ExpressionPtr ParseTarget();
     ExpressionPtr ParseCallTarget();

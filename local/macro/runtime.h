@@ -159,6 +159,8 @@ public:
     /// Rest of the last Dir.
     std::vector<std::u16string> listing;
     size_t listingAt = 0;
+    /// The last Dir gave a name, so that another one may follow.
+    bool isListing = false;
     /// Column of Debug.Print and the line that is still open.
     std::u16string debugLine;
     std::unordered_set<Container*> containers;
