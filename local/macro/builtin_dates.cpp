@@ -3,6 +3,7 @@
 #include "macro/builtins.h"
 #include "macro/convert.h"
 #include "macro/dates.h"
+#include "macro/format.h"
 #include "macro/runtime.h"
 #include "macro/text.h"
 
@@ -12,10 +13,12 @@ namespace tv::macro {
 
 namespace {
 
-double DateOf(const Value& value) { return CoerceTo(Type::Date, value).Number(); }
+double DateOf(const Value& value)
+{
+    return CoerceTo(Type::Date, value).Number();
+}
 
-template <int DateParts::*Part>
-Value PartOf(Runtime&, const Arguments& a)
+template <int DateParts::*Part> Value PartOf(Runtime&, const Arguments& a)
 {
     if (a[0].IsNull()) {
         return Value::Null();
@@ -31,13 +34,29 @@ Value CheckedDate(double days)
     return Value::FromDate(days);
 }
 
-Value Now(Runtime& runtime, const Arguments&) { return Value::FromDate(runtime.host.Now()); }
-Value Today(Runtime& runtime, const Arguments&) { return Value::FromDate(std::floor(runtime.host.Now())); }
+Value Now(Runtime& runtime, const Arguments&)
+{
+    return Value::FromDate(runtime.host.Now());
+}
+Value Today(Runtime& runtime, const Arguments&)
+{
+    return Value::FromDate(std::floor(runtime.host.Now()));
+}
 
 Value TimeOfDay(Runtime& runtime, const Arguments&)
 {
     double now = runtime.host.Now();
     return Value::FromDate(now - std::floor(now));
+}
+
+Value TodayAsText(Runtime& runtime, const Arguments&)
+{
+    return Value(FormatValue(Value::FromDate(runtime.host.Now()), u"mm-dd-yyyy"));
+}
+
+Value TimeOfDayAsText(Runtime& runtime, const Arguments&)
+{
+    return Value(FormatValue(Value::FromDate(runtime.host.Now()), u"hh:nn:ss"));
 }
 
 Value Timer(Runtime& runtime, const Arguments&)
@@ -60,7 +79,10 @@ Value TimeSerial(Runtime&, const Arguments& a)
     return CheckedDate(JoinTime(a[0].ToInteger(), a[1].ToInteger(), a[2].ToInteger()));
 }
 
-Value DateValue(Runtime&, const Arguments& a) { return Value::FromDate(std::trunc(DateOf(a[0]))); }
+Value DateValue(Runtime&, const Arguments& a)
+{
+    return Value::FromDate(std::trunc(DateOf(a[0])));
+}
 
 Value TimeValue(Runtime&, const Arguments& a)
 {
@@ -89,6 +111,9 @@ double AddSeconds(double date, double seconds)
 
 Value DateAdd(Runtime&, const Arguments& a)
 {
+    if (a[2].IsNull()) {
+        return Value::Null();
+    }
     std::u16string interval = Lower(a[0].ToText());
     double number = std::trunc(a[1].ToDouble());
     double date = DateOf(a[2]);
@@ -117,10 +142,20 @@ int32_t FirstDay(const Arguments& a, size_t index)
     return day == 0 ? 1 : day;
 }
 
-int32_t WeekdayFrom(int weekday, int32_t firstDay) { return (weekday - firstDay + 7) % 7 + 1; }
+int32_t FirstWeek(const Arguments& a, size_t index)
+{
+    int32_t week = a.Has(index) ? a[index].ToLong() : 1;
+    if (week < 0 || week > 3) {
+        Raise(kInvalidCall);
+    }
+    return week == 0 ? 1 : week;
+}
 
 Value DateDiff(Runtime&, const Arguments& a)
 {
+    if (a[1].IsNull() || a[2].IsNull()) {
+        return Value::Null();
+    }
     std::u16string interval = Lower(a[0].ToText());
     double first = DateOf(a[1]);
     double second = DateOf(a[2]);
@@ -165,22 +200,29 @@ Value DateDiff(Runtime&, const Arguments& a)
 
 Value DatePart(Runtime&, const Arguments& a)
 {
+    if (a[1].IsNull()) {
+        return Value::Null();
+    }
     std::u16string interval = Lower(a[0].ToText());
-    DateParts parts = SplitDate(DateOf(a[1]));
-    int32_t firstDay = FirstDay(a, 2);
+    double date = DateOf(a[1]);
+    DateParts parts = SplitDate(date);
+    const WeekRule weeks{FirstDay(a, 2), FirstWeek(a, 3)};
     struct Row
     {
         std::u16string_view interval;
         int value;
     };
-    int firstOfYear = (parts.weekday - parts.dayOfYear % 7 + 1 + 13) % 7 + 1;
-    int week = (parts.dayOfYear - 1 + WeekdayFrom(firstOfYear, firstDay) - 1) / 7 + 1;
     const Row rows[] = {
-        {u"yyyy", parts.year},  {u"q", (parts.month - 1) / 3 + 1},
-        {u"m", parts.month},    {u"y", parts.dayOfYear},
-        {u"d", parts.day},      {u"w", WeekdayFrom(parts.weekday, firstDay)},
-        {u"ww", week},          {u"h", parts.hour},
-        {u"n", parts.minute},   {u"s", parts.second},
+        {u"yyyy", parts.year},
+        {u"q", (parts.month - 1) / 3 + 1},
+        {u"m", parts.month},
+        {u"y", parts.dayOfYear},
+        {u"d", parts.day},
+        {u"w", WeekdayFrom(parts.weekday, weeks.firstDay)},
+        {u"ww", WeekOfYear(date, weeks)},
+        {u"h", parts.hour},
+        {u"n", parts.minute},
+        {u"s", parts.second},
     };
     for (const Row& row : rows) {
         if (row.interval == interval) {
@@ -192,6 +234,9 @@ Value DatePart(Runtime&, const Arguments& a)
 
 Value Weekday(Runtime&, const Arguments& a)
 {
+    if (a[0].IsNull()) {
+        return Value::Null();
+    }
     return Value(static_cast<int16_t>(WeekdayFrom(SplitDate(DateOf(a[0])).weekday, FirstDay(a, 1))));
 }
 
@@ -217,6 +262,7 @@ Value NameOfWeekday(Runtime&, const Arguments& a)
 
 constexpr Builtin kFunctions[] = {
     {u"date", 0, 0, Type::Variant, Today, {}},
+    {u"date$", 0, 0, Type::String, TodayAsText, {}},
     {u"dateadd", 3, 3, Type::Variant, DateAdd, u"Interval Number Date"},
     {u"datediff", 3, 5, Type::Variant, DateDiff, u"Interval Date1 Date2 FirstDayOfWeek FirstWeekOfYear"},
     {u"datepart", 2, 4, Type::Variant, DatePart, u"Interval Date FirstDayOfWeek FirstWeekOfYear"},
@@ -230,6 +276,7 @@ constexpr Builtin kFunctions[] = {
     {u"now", 0, 0, Type::Variant, Now, {}},
     {u"second", 1, 1, Type::Variant, PartOf<&DateParts::second>, u"Time"},
     {u"time", 0, 0, Type::Variant, TimeOfDay, {}},
+    {u"time$", 0, 0, Type::String, TimeOfDayAsText, {}},
     {u"timer", 0, 0, Type::Single, Timer, {}},
     {u"timeserial", 3, 3, Type::Variant, TimeSerial, u"Hour Minute Second"},
     {u"timevalue", 1, 1, Type::Variant, TimeValue, u"Time"},
@@ -240,6 +287,9 @@ constexpr Builtin kFunctions[] = {
 
 } // namespace
 
-std::span<const Builtin> DateFunctions() { return kFunctions; }
+std::span<const Builtin> DateFunctions()
+{
+    return kFunctions;
+}
 
 } // namespace tv::macro

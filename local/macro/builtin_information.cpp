@@ -13,12 +13,30 @@ namespace tv::macro {
 
 namespace {
 
-Value IsArrayValue(Runtime&, const Arguments& a) { return Value(a.All()[0].Resolved().IsArray()); }
-Value IsEmptyValue(Runtime&, const Arguments& a) { return Value(a.All()[0].Resolved().IsEmpty()); }
-Value IsNullValue(Runtime&, const Arguments& a) { return Value(a.All()[0].Resolved().IsNull()); }
-Value IsObjectValue(Runtime&, const Arguments& a) { return Value(a.All()[0].Resolved().IsObject()); }
-Value IsMissingValue(Runtime&, const Arguments& a) { return Value(a.All()[0].Resolved().IsMissing()); }
-Value IsErrorValue(Runtime&, const Arguments& a) { return Value(a.All()[0].Resolved().Kind() == Type::Error); }
+Value IsArrayValue(Runtime&, const Arguments& a)
+{
+    return Value(a.All()[0].Resolved().IsArray());
+}
+Value IsEmptyValue(Runtime&, const Arguments& a)
+{
+    return Value(a.All()[0].Resolved().IsEmpty());
+}
+Value IsNullValue(Runtime&, const Arguments& a)
+{
+    return Value(a.All()[0].Resolved().IsNull());
+}
+Value IsObjectValue(Runtime&, const Arguments& a)
+{
+    return Value(a.All()[0].Resolved().IsObject());
+}
+Value IsMissingValue(Runtime&, const Arguments& a)
+{
+    return Value(a.All()[0].Resolved().IsMissing());
+}
+Value IsErrorValue(Runtime&, const Arguments& a)
+{
+    return Value(a.All()[0].Resolved().Kind() == Type::Error);
+}
 
 Value IsNumericValue(Runtime&, const Arguments& a)
 {
@@ -75,7 +93,10 @@ const Dimension& DimensionOf(const Arguments& a)
     return array->dimensions[static_cast<size_t>(index) - 1];
 }
 
-Value LowerBound(Runtime&, const Arguments& a) { return Value(DimensionOf(a).lower); }
+Value LowerBound(Runtime&, const Arguments& a)
+{
+    return Value(DimensionOf(a).lower);
+}
 
 Value UpperBound(Runtime&, const Arguments& a)
 {
@@ -113,6 +134,17 @@ Value Rgb(Runtime&, const Arguments& a)
     return Value(color);
 }
 
+Value QBColor(Runtime&, const Arguments& a)
+{
+    constexpr int32_t kColors[] = {0x000000, 0x800000, 0x008000, 0x808000, 0x000080, 0x800080, 0x008080, 0xC0C0C0,
+                                   0x808080, 0xFF0000, 0x00FF00, 0xFFFF00, 0x0000FF, 0xFF00FF, 0x00FFFF, 0xFFFFFF};
+    int32_t color = a[0].ToLong();
+    if (color < 0 || static_cast<size_t>(color) >= std::size(kColors)) {
+        Raise(kInvalidCall);
+    }
+    return Value(kColors[color]);
+}
+
 Value ErrorText(Runtime& runtime, const Arguments& a)
 {
     if (!a.Has(0)) {
@@ -122,7 +154,10 @@ Value ErrorText(Runtime& runtime, const Arguments& a)
     return Value(number == 0 ? std::u16string_view() : ErrorDescription(number));
 }
 
-Value ErrorLine(Runtime& runtime, const Arguments&) { return Value(int32_t{runtime.err->line}); }
+Value ErrorLine(Runtime& runtime, const Arguments&)
+{
+    return Value(int32_t{runtime.err->line});
+}
 
 constexpr Builtin kFunctions[] = {
     {u"#fromone", 1, 1, Type::Variant, CountedFromOne, {}},
@@ -138,6 +173,7 @@ constexpr Builtin kFunctions[] = {
     {u"isnumeric", 1, 1, Type::Boolean, IsNumericValue, u"Expression"},
     {u"isobject", 1, 1, Type::Boolean, IsObjectValue, u"Expression"},
     {u"lbound", 1, 2, Type::Long, LowerBound, u"ArrayName Dimension"},
+    {u"qbcolor", 1, 1, Type::Long, QBColor, u"Color"},
     {u"rgb", 3, 3, Type::Long, Rgb, u"Red Green Blue"},
     {u"typename", 1, 1, Type::String, TypeNameOf, u"VarName"},
     {u"ubound", 1, 2, Type::Long, UpperBound, u"ArrayName Dimension"},
@@ -151,28 +187,99 @@ struct NumberConstant
 };
 
 constexpr NumberConstant kNumberConstants[] = {
-    {u"vbempty", 0}, {u"vbnull", 1}, {u"vbinteger", 2}, {u"vblong", 3}, {u"vbsingle", 4}, {u"vbdouble", 5},
-    {u"vbcurrency", 6}, {u"vbdate", 7}, {u"vbstring", 8}, {u"vbobject", 9}, {u"vberror", 10}, {u"vbboolean", 11},
-    {u"vbvariant", 12}, {u"vbbyte", 17}, {u"vblonglong", 20}, {u"vbuserdefinedtype", 36}, {u"vbarray", 8192},
-    {u"vbbinarycompare", 0}, {u"vbtextcompare", 1}, {u"vbdatabasecompare", 2},
-    {u"vbokonly", 0}, {u"vbokcancel", 1}, {u"vbabortretryignore", 2}, {u"vbyesnocancel", 3}, {u"vbyesno", 4},
-    {u"vbretrycancel", 5}, {u"vbcritical", 16}, {u"vbquestion", 32}, {u"vbexclamation", 48},
-    {u"vbinformation", 64}, {u"vbdefaultbutton1", 0}, {u"vbdefaultbutton2", 256}, {u"vbdefaultbutton3", 512},
-    {u"vbapplicationmodal", 0}, {u"vbsystemmodal", 4096},
-    {u"vbok", 1}, {u"vbcancel", 2}, {u"vbabort", 3}, {u"vbretry", 4}, {u"vbignore", 5}, {u"vbyes", 6}, {u"vbno", 7},
-    {u"vbusesystemdayofweek", 0}, {u"vbsunday", 1}, {u"vbmonday", 2}, {u"vbtuesday", 3}, {u"vbwednesday", 4},
-    {u"vbthursday", 5}, {u"vbfriday", 6}, {u"vbsaturday", 7}, {u"vbusesystem", 0}, {u"vbfirstjan1", 1},
-    {u"vbfirstfourdays", 2}, {u"vbfirstfullweek", 3},
-    {u"vbgeneraldate", 0}, {u"vblongdate", 1}, {u"vbshortdate", 2}, {u"vblongtime", 3}, {u"vbshorttime", 4},
-    {u"vbnormal", 0}, {u"vbreadonly", 1}, {u"vbhidden", 2}, {u"vbsystem", 4}, {u"vbvolume", 8},
-    {u"vbdirectory", 16}, {u"vbarchive", 32}, {u"vbalias", 64},
-    {u"vbuppercase", 1}, {u"vblowercase", 2}, {u"vbpropercase", 3}, {u"vbunicode", 64}, {u"vbfromunicode", 128},
-    {u"vbblack", 0}, {u"vbred", 255}, {u"vbgreen", 65280}, {u"vbyellow", 65535}, {u"vbblue", 16711680},
-    {u"vbmagenta", 16711935}, {u"vbcyan", 16776960}, {u"vbwhite", 16777215},
-    {u"vbobjecterror", -2147221504}, {u"vbusecompareoption", -1},
-    {u"vbhide", 0}, {u"vbnormalfocus", 1}, {u"vbminimizedfocus", 2}, {u"vbmaximizedfocus", 3},
-    {u"vbmethod", 1}, {u"vbget", 2}, {u"vblet", 4}, {u"vbset", 8},
-    {u"vbtrue", -1}, {u"vbfalse", 0}, {u"vbusedefault", -2},
+    {u"vbempty", 0},
+    {u"vbnull", 1},
+    {u"vbinteger", 2},
+    {u"vblong", 3},
+    {u"vbsingle", 4},
+    {u"vbdouble", 5},
+    {u"vbcurrency", 6},
+    {u"vbdate", 7},
+    {u"vbstring", 8},
+    {u"vbobject", 9},
+    {u"vberror", 10},
+    {u"vbboolean", 11},
+    {u"vbvariant", 12},
+    {u"vbbyte", 17},
+    {u"vblonglong", 20},
+    {u"vbuserdefinedtype", 36},
+    {u"vbarray", 8192},
+    {u"vbbinarycompare", 0},
+    {u"vbtextcompare", 1},
+    {u"vbdatabasecompare", 2},
+    {u"vbokonly", 0},
+    {u"vbokcancel", 1},
+    {u"vbabortretryignore", 2},
+    {u"vbyesnocancel", 3},
+    {u"vbyesno", 4},
+    {u"vbretrycancel", 5},
+    {u"vbcritical", 16},
+    {u"vbquestion", 32},
+    {u"vbexclamation", 48},
+    {u"vbinformation", 64},
+    {u"vbdefaultbutton1", 0},
+    {u"vbdefaultbutton2", 256},
+    {u"vbdefaultbutton3", 512},
+    {u"vbapplicationmodal", 0},
+    {u"vbsystemmodal", 4096},
+    {u"vbok", 1},
+    {u"vbcancel", 2},
+    {u"vbabort", 3},
+    {u"vbretry", 4},
+    {u"vbignore", 5},
+    {u"vbyes", 6},
+    {u"vbno", 7},
+    {u"vbusesystemdayofweek", 0},
+    {u"vbsunday", 1},
+    {u"vbmonday", 2},
+    {u"vbtuesday", 3},
+    {u"vbwednesday", 4},
+    {u"vbthursday", 5},
+    {u"vbfriday", 6},
+    {u"vbsaturday", 7},
+    {u"vbusesystem", 0},
+    {u"vbfirstjan1", 1},
+    {u"vbfirstfourdays", 2},
+    {u"vbfirstfullweek", 3},
+    {u"vbgeneraldate", 0},
+    {u"vblongdate", 1},
+    {u"vbshortdate", 2},
+    {u"vblongtime", 3},
+    {u"vbshorttime", 4},
+    {u"vbnormal", 0},
+    {u"vbreadonly", 1},
+    {u"vbhidden", 2},
+    {u"vbsystem", 4},
+    {u"vbvolume", 8},
+    {u"vbdirectory", 16},
+    {u"vbarchive", 32},
+    {u"vbalias", 64},
+    {u"vbuppercase", 1},
+    {u"vblowercase", 2},
+    {u"vbpropercase", 3},
+    {u"vbunicode", 64},
+    {u"vbfromunicode", 128},
+    {u"vbblack", 0},
+    {u"vbred", 255},
+    {u"vbgreen", 65280},
+    {u"vbyellow", 65535},
+    {u"vbblue", 16711680},
+    {u"vbmagenta", 16711935},
+    {u"vbcyan", 16776960},
+    {u"vbwhite", 16777215},
+    {u"vbobjecterror", -2147221504},
+    {u"vbusecompareoption", -1},
+    {u"vbhide", 0},
+    {u"vbnormalfocus", 1},
+    {u"vbminimizedfocus", 2},
+    {u"vbmaximizedfocus", 3},
+    {u"vbmethod", 1},
+    {u"vbget", 2},
+    {u"vblet", 4},
+    {u"vbset", 8},
+    {u"vbtrue", -1},
+    {u"vbfalse", 0},
+    {u"vbusedefault", -2},
 };
 
 struct TextConstant
@@ -182,14 +289,16 @@ struct TextConstant
 };
 
 constexpr TextConstant kTextConstants[] = {
-    {u"vbcr", u"\r"},       {u"vblf", u"\n"},       {u"vbcrlf", u"\r\n"},      {u"vbnewline", u"\r\n"},
-    {u"vbtab", u"\t"},      {u"vbback", u"\b"},     {u"vbformfeed", u"\f"},    {u"vbverticaltab", u"\v"},
+    {u"vbcr", u"\r"},       {u"vblf", u"\n"},
+    {u"vbcrlf", u"\r\n"},   {u"vbnewline", u"\r\n"},
+    {u"vbtab", u"\t"},      {u"vbback", u"\b"},
+    {u"vbformfeed", u"\f"}, {u"vbverticaltab", u"\v"},
     {u"vbnullstring", u""}, {u"vbnullchar", std::u16string_view(u"\0", 1)},
 };
 
 constexpr std::u16string_view kEnumerations[] = {
-    u"vbmsgboxresult", u"vbmsgboxstyle", u"vbcomparemethod", u"vbdayofweek", u"vbvartype", u"vbtristate",
-    u"vbfileattribute", u"vbstrconv", u"vbdatetimeformat", u"vbcalltype", u"vbappwinstyle", u"vbfirstweekofyear",
+    u"vbmsgboxresult",  u"vbmsgboxstyle", u"vbcomparemethod",  u"vbdayofweek", u"vbvartype",     u"vbtristate",
+    u"vbfileattribute", u"vbstrconv",     u"vbdatetimeformat", u"vbcalltype",  u"vbappwinstyle", u"vbfirstweekofyear",
 };
 
 struct LeftOut
@@ -228,7 +337,10 @@ std::u16string_view LeftOutFunction(std::u16string_view folded)
     return {};
 }
 
-std::span<const Builtin> InformationFunctions() { return kFunctions; }
+std::span<const Builtin> InformationFunctions()
+{
+    return kFunctions;
+}
 
 std::optional<Value> FindBuiltinConstant(std::u16string_view folded)
 {
@@ -270,8 +382,9 @@ const Builtin& GetBuiltin(int32_t index)
 {
     static const std::vector<Builtin> all = [] {
         std::vector<Builtin> joined;
-        for (std::span<const Builtin> group : {TextFunctions(), ByteFunctions(), NumberFunctions(), DateFunctions(),
-                                               InformationFunctions(), InteractionFunctions(), FileFunctions()}) {
+        for (std::span<const Builtin> group :
+             {TextFunctions(), ByteFunctions(), NumberFunctions(), DateFunctions(), FormatFunctions(),
+              FinancialFunctions(), InformationFunctions(), InteractionFunctions(), FileFunctions()}) {
             joined.insert(joined.end(), group.begin(), group.end());
         }
         // Ends the walk that builds the index.

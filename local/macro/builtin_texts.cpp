@@ -3,6 +3,7 @@
 #include "macro/builtins.h"
 #include "macro/convert.h"
 #include "macro/format.h"
+#include "macro/long_work.h"
 #include "macro/runtime.h"
 #include "macro/text.h"
 
@@ -13,6 +14,9 @@ namespace tv::macro {
 namespace {
 
 constexpr size_t kNotFound = std::u16string_view::npos;
+
+/// What an element of a list takes while the list is put together.
+constexpr size_t kPartBytes = 96;
 
 /// The compare argument: vbBinaryCompare 0, vbTextCompare 1; left out, what the function's rule says.
 bool IgnoresCase(const Arguments& arguments, size_t index, bool otherwise)
@@ -37,8 +41,7 @@ size_t Count(const Value& value)
 }
 
 /// A text function of Null is Null.
-template <Value (*Work)(const std::u16string&, const Arguments&)>
-Value OfText(Runtime&, const Arguments& arguments)
+template <Value (*Work)(const std::u16string&, const Arguments&)> Value OfText(Runtime&, const Arguments& arguments)
 {
     if (arguments[0].IsNull()) {
         return Value::Null();
@@ -46,7 +49,10 @@ Value OfText(Runtime&, const Arguments& arguments)
     return Work(arguments[0].ToText(), arguments);
 }
 
-Value LeftOf(const std::u16string& text, const Arguments& a) { return Value(text.substr(0, Count(a[1]))); }
+Value LeftOf(const std::u16string& text, const Arguments& a)
+{
+    return Value(text.substr(0, Count(a[1])));
+}
 
 Value RightOf(const std::u16string& text, const Arguments& a)
 {
@@ -63,9 +69,18 @@ Value MidOf(const std::u16string& text, const Arguments& a)
     return start > text.size() ? Value(u"") : Value(text.substr(start - 1, length));
 }
 
-Value LowerOf(const std::u16string& text, const Arguments&) { return Value(Lower(text)); }
-Value UpperOf(const std::u16string& text, const Arguments&) { return Value(Upper(text)); }
-Value TrimOf(const std::u16string& text, const Arguments&) { return Value(TrimBlanks(text)); }
+Value LowerOf(const std::u16string& text, const Arguments&)
+{
+    return Value(Lower(text));
+}
+Value UpperOf(const std::u16string& text, const Arguments&)
+{
+    return Value(Upper(text));
+}
+Value TrimOf(const std::u16string& text, const Arguments&)
+{
+    return Value(TrimBlanks(text));
+}
 
 Value LeftTrimOf(const std::u16string& text, const Arguments&)
 {
@@ -83,7 +98,10 @@ Value Reverse(Runtime&, const Arguments& a)
     return Value(std::u16string(text.rbegin(), text.rend()));
 }
 
-Value LengthOf(const std::u16string& text, const Arguments&) { return Value(static_cast<int32_t>(text.size())); }
+Value LengthOf(const std::u16string& text, const Arguments&)
+{
+    return Value(static_cast<int32_t>(text.size()));
+}
 
 Value InStr(Runtime& runtime, const Arguments& a)
 {
@@ -160,14 +178,13 @@ Value Replace(Runtime& runtime, const Arguments& a)
         if (found == kNotFound) {
             break;
         }
+        // The characters move once more when the result outgrows its place.
+        MemoryBudget::Check(2 * (result.size() + found - at + with.size()) * sizeof(char16_t));
         result.append(text, at, found - at).append(with);
-        MemoryBudget::Check(result.size() * sizeof(char16_t));
+        LongWork::Did(with.size());
         at = found + wanted.size();
-        if ((done & 0xFFF) == 0xFFF) {
-            runtime.checkpoint();
-        }
     }
-    return Value(result + text.substr(at));
+    return Value(result.append(text, at));
 }
 
 Value Split(Runtime&, const Arguments& a)
@@ -185,6 +202,7 @@ Value Split(Runtime&, const Arguments& a)
                 break;
             }
             parts.push_back(text.substr(at, found - at));
+            MemoryBudget::Check(parts.size() * kPartBytes);
             at = found + delimiter.size();
         }
         parts.push_back(text.substr(at));
@@ -201,9 +219,10 @@ Value Join(Runtime&, const Arguments& a)
     std::u16string delimiter = a.Has(1) ? a[1].ToText() : u" ";
     std::u16string result;
     for (size_t i = 0; i < array->items.size(); ++i) {
-        result += i == 0 ? std::u16string() : delimiter;
-        result += array->items[i].ToText();
-        MemoryBudget::Check(result.size() * sizeof(char16_t));
+        std::u16string part = array->items[i].ToText();
+        MemoryBudget::Check(2 * (result.size() + delimiter.size() + part.size()) * sizeof(char16_t));
+        result.append(i == 0 ? std::u16string_view() : delimiter).append(part);
+        LongWork::Did(part.size() + 16);
     }
     return Value(std::move(result));
 }
@@ -219,6 +238,7 @@ Value Filter(Runtime&, const Arguments& a)
         std::u16string text = item.ToText();
         if ((FindText(text, wanted, 0, ignoreCase) != kNotFound) == include) {
             kept.push_back(std::move(text));
+            MemoryBudget::Check(kept.size() * kPartBytes);
         }
     }
     return Value(Array::FromTexts(kept));
@@ -251,16 +271,32 @@ char16_t FirstUnit(const Arguments& a)
     return text[0];
 }
 
-Value Asc(Runtime&, const Arguments& a) { return Value(static_cast<int16_t>(UnitToNarrow(FirstUnit(a)))); }
-Value AscW(Runtime&, const Arguments& a) { return Value(static_cast<int16_t>(FirstUnit(a))); }
+Value Asc(Runtime&, const Arguments& a)
+{
+    return Value(static_cast<int16_t>(UnitToNarrow(FirstUnit(a))));
+}
+Value AscW(Runtime&, const Arguments& a)
+{
+    return Value(static_cast<int16_t>(FirstUnit(a)));
+}
 
 std::u16string Repeated(size_t count, char16_t unit)
 {
     MemoryBudget::Check(count * sizeof(char16_t));
-    return std::u16string(count, unit);
+    constexpr size_t kPart = 1 << 16;
+    std::u16string text;
+    text.reserve(count);
+    for (; count > 0; count -= std::min(count, kPart)) {
+        text.append(std::min(count, kPart), unit);
+        LongWork::Did(kPart);
+    }
+    return text;
 }
 
-Value Space(Runtime&, const Arguments& a) { return Value(Repeated(Count(a[0]), u' ')); }
+Value Space(Runtime&, const Arguments& a)
+{
+    return Value(Repeated(Count(a[0]), u' '));
+}
 
 Value String(Runtime&, const Arguments& a)
 {
@@ -381,12 +417,24 @@ Value Radix(const Value& value, uint32_t bits)
     return Value(std::move(text));
 }
 
-Value Hex(Runtime&, const Arguments& a) { return Radix(a[0], 4); }
-Value Oct(Runtime&, const Arguments& a) { return Radix(a[0], 3); }
+Value Hex(Runtime&, const Arguments& a)
+{
+    return Radix(a[0], 4);
+}
+Value Oct(Runtime&, const Arguments& a)
+{
+    return Radix(a[0], 3);
+}
 
 Value Format(Runtime&, const Arguments& a)
 {
-    return Value(FormatValue(a[0], a.Has(1) ? a[1].ToText() : std::u16string()));
+    WeekRule weeks;
+    weeks.firstDay = a.Has(2) ? std::max(a[2].ToLong(), 1) : weeks.firstDay;
+    weeks.firstWeek = a.Has(3) ? std::max(a[3].ToLong(), 1) : weeks.firstWeek;
+    if (weeks.firstDay > 7 || weeks.firstWeek > 3) {
+        Raise(kInvalidCall);
+    }
+    return Value(FormatValue(a[0], a.Has(1) ? a[1].ToText() : std::u16string(), weeks));
 }
 
 /// The statement Mid: a part of the text is overwritten, its length stays.
@@ -454,6 +502,9 @@ constexpr Builtin kFunctions[] = {
 
 } // namespace
 
-std::span<const Builtin> TextFunctions() { return kFunctions; }
+std::span<const Builtin> TextFunctions()
+{
+    return kFunctions;
+}
 
 } // namespace tv::macro

@@ -46,6 +46,8 @@ std::span<const Builtin> TextFunctions();
 std::span<const Builtin> ByteFunctions();
 std::span<const Builtin> NumberFunctions();
 std::span<const Builtin> DateFunctions();
+std::span<const Builtin> FormatFunctions();
+std::span<const Builtin> FinancialFunctions();
 std::span<const Builtin> InformationFunctions();
 std::span<const Builtin> InteractionFunctions();
 std::span<const Builtin> FileFunctions();

@@ -275,6 +275,11 @@ int32_t Compiler::SizeOfRecord(int32_t record) const
 Type Compiler::EmitBuiltinCall(int32_t index, const std::vector<ArgumentSyntax>& arguments, const Position& at,
                                char16_t suffix, bool isQualified)
 {
+    if (suffix == u'$') {
+        // Date$ and Time$ have forms of their own.
+        int32_t asText = FindBuiltin(std::u16string(GetBuiltin(index).name) + u"$");
+        index = asText >= 0 ? asText : index;
+    }
     const Builtin& builtin = GetBuiltin(index);
     std::vector<const ArgumentSyntax*> ordered;
     std::vector<std::u16string_view> names = SplitNames(builtin.parameters);

@@ -61,8 +61,14 @@ struct DateToken
     char16_t separator = u' ';
 };
 
-bool IsDigit(char16_t unit) { return unit >= u'0' && unit <= u'9'; }
-bool IsLetter(char16_t unit) { return LowerUnit(unit) >= u'a' && LowerUnit(unit) <= u'z'; }
+bool IsDigit(char16_t unit)
+{
+    return unit >= u'0' && unit <= u'9';
+}
+bool IsLetter(char16_t unit)
+{
+    return LowerUnit(unit) >= u'a' && LowerUnit(unit) <= u'z';
+}
 
 std::optional<std::vector<DateToken>> ReadTokens(std::u16string_view text)
 {
@@ -183,8 +189,29 @@ std::optional<double> CheckedDay(int64_t year, int64_t month, int64_t day)
     return static_cast<double>(DayNumber(year, month, day));
 }
 
+thread_local int currentYear = 0;
+
+/// A day and a month without a year, or a month and a year without a day.
+std::optional<double> DayFromTwoNumbers(const DateToken& first, const DateToken& second)
+{
+    if (second.separator != u'/' && second.separator != u'-') {
+        return std::nullopt;
+    }
+    if (second.digits > 2) {
+        return CheckedDay(second.number, first.number, 1);
+    }
+    if (first.digits > 2) {
+        return CheckedDay(first.number, second.number, 1);
+    }
+    std::optional<double> day = CheckedDay(currentYear, first.number, second.number);
+    return day ? day : CheckedDay(currentYear, second.number, first.number);
+}
+
 std::optional<double> DayFromNumbers(const std::vector<DateToken>& n)
 {
+    if (n.size() == 2) {
+        return DayFromTwoNumbers(n[0], n[1]);
+    }
     if (n.size() == 3 && n[0].digits > 2) {
         return CheckedDay(n[0].number, n[1].number, n[2].number);
     }
@@ -198,7 +225,10 @@ std::optional<double> DayFromNumbers(const std::vector<DateToken>& n)
 
 } // namespace
 
-bool IsLeapYear(int64_t year) { return (year % 4 == 0 && year % 100 != 0) || year % 400 == 0; }
+bool IsLeapYear(int64_t year)
+{
+    return (year % 4 == 0 && year % 100 != 0) || year % 400 == 0;
+}
 
 int DaysInMonth(int64_t year, int month)
 {
@@ -206,7 +236,10 @@ int DaysInMonth(int64_t year, int month)
     return month == 2 && IsLeapYear(year) ? 29 : kDays[month - 1];
 }
 
-bool IsDateInRange(double days) { return days > kFirstDay - 1 && days < kLastDay; }
+bool IsDateInRange(double days)
+{
+    return days > kFirstDay - 1 && days < kLastDay;
+}
 
 DateParts SplitDate(double days)
 {
@@ -237,7 +270,45 @@ double JoinTime(int64_t hour, int64_t minute, int64_t second)
     return static_cast<double>(hour * 3600 + minute * 60 + second) / kSecondsADay;
 }
 
-double CombineDate(double day, double time) { return day < 0 ? day - time : day + time; }
+int WeekdayFrom(int weekday, int firstDay)
+{
+    return (weekday - firstDay + 7) % 7 + 1;
+}
+
+int WeekOfYear(double days, const WeekRule& rule)
+{
+    constexpr int kLeastDays[] = {1, 4, 7};
+    const int least = kLeastDays[rule.firstWeek - 1];
+    // Days of a year's first week that lie in the year before, or how many days of the year come before that week.
+    auto offset = [&](int64_t year) {
+        int before = WeekdayFrom(SplitDate(JoinDate(year, 1, 1)).weekday, rule.firstDay) - 1;
+        return 7 - before >= least ? before : before - 7;
+    };
+    DateParts parts = SplitDate(days);
+    int untilNewYear = (IsLeapYear(parts.year) ? 366 : 365) - parts.dayOfYear + 1;
+    if (least > 1 && untilNewYear <= offset(parts.year + 1)) {
+        return 1;
+    }
+    int day = parts.dayOfYear - 1 + offset(parts.year);
+    if (day < 0) {
+        return WeekOfYear(JoinDate(parts.year - 1, 12, 31), rule);
+    }
+    return day / 7 + 1;
+}
+
+CurrentYear::CurrentYear(double today) : previous(currentYear)
+{
+    currentYear = SplitDate(today).year;
+}
+CurrentYear::~CurrentYear()
+{
+    currentYear = previous;
+}
+
+double CombineDate(double day, double time)
+{
+    return day < 0 ? day - time : day + time;
+}
 
 std::u16string DateText(double days)
 {
@@ -296,13 +367,20 @@ std::optional<double> ParseDate(std::u16string_view text)
     } else if (numbers.size() == 2) {
         day = numbers[0].digits > 2 ? CheckedDay(numbers[0].number, month, numbers[1].number)
                                     : CheckedDay(WindowedYear(numbers[1]), month, numbers[0].number);
-    } else if (numbers.size() == 1 && numbers[0].digits > 2) {
-        day = CheckedDay(numbers[0].number, month, 1);
+    } else if (numbers.size() == 1) {
+        day = numbers[0].digits > 2 ? CheckedDay(numbers[0].number, month, 1)
+                                    : CheckedDay(currentYear, month, numbers[0].number);
     }
     return day ? std::optional(CombineDate(*day, *time)) : std::nullopt;
 }
 
-std::u16string_view MonthName(int month) { return kMonths[static_cast<size_t>(month - 1)]; }
-std::u16string_view WeekdayName(int weekday) { return kWeekdays[static_cast<size_t>(weekday - 1)]; }
+std::u16string_view MonthName(int month)
+{
+    return kMonths[static_cast<size_t>(month - 1)];
+}
+std::u16string_view WeekdayName(int weekday)
+{
+    return kWeekdays[static_cast<size_t>(weekday - 1)];
+}
 
 } // namespace tv::macro

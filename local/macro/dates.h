@@ -31,6 +31,31 @@ bool IsDateInRange(double days);
 bool IsLeapYear(int64_t year);
 int DaysInMonth(int64_t year, int month);
 
+/// How weeks are counted: the day that starts one, and which week of a year is its first.
+struct WeekRule
+{
+    /// 1 is Sunday.
+    int firstDay = 1;
+    /// 1: the week of 1 January; 2: the first with four days of the year; 3: the first with all seven.
+    int firstWeek = 1;
+};
+/// The number of a weekday counted from another one, from 1 on.
+int WeekdayFrom(int weekday, int firstDay);
+int WeekOfYear(double days, const WeekRule& rule);
+
+/// The year of dates whose text names none, on the thread where a macro runs. Without it such a text is no date.
+class CurrentYear
+{
+  public:
+    explicit CurrentYear(double today);
+    CurrentYear(const CurrentYear&) = delete;
+    CurrentYear& operator=(const CurrentYear&) = delete;
+    ~CurrentYear();
+
+  private:
+    int previous;
+};
+
 /// "3/15/2023 6:00:00 PM"; without the time at midnight, without the date on day 0.
 std::u16string DateText(double days);
 std::optional<double> ParseDate(std::u16string_view text);

@@ -18,14 +18,11 @@ struct NamedFormat
 };
 
 constexpr NamedFormat kNumberFormats[] = {
-    {u"fixed", u"0.00"},       {u"standard", u"#,##0.00"},      {u"percent", u"0.00%"},
-    {u"scientific", u"0.00E+00"}, {u"currency", u"$#,##0.00;($#,##0.00)"},
-};
-
-constexpr NamedFormat kDateFormats[] = {
-    {u"general date", u"c"},         {u"long date", u"dddd, mmmm d, yyyy"}, {u"medium date", u"dd-mmm-yy"},
-    {u"short date", u"m/d/yyyy"},    {u"long time", u"h:nn:ss AM/PM"},      {u"medium time", u"hh:nn AM/PM"},
-    {u"short time", u"hh:nn"},
+    {u"fixed", u"0.00"},
+    {u"standard", u"#,##0.00"},
+    {u"percent", u"0.00%"},
+    {u"scientific", u"0.00E+00"},
+    {u"currency", u"$#,##0.00;($#,##0.00)"},
 };
 
 const NamedFormat* FindNamed(std::span<const NamedFormat> formats, std::u16string_view name)
@@ -36,12 +33,6 @@ const NamedFormat* FindNamed(std::span<const NamedFormat> formats, std::u16strin
         }
     }
     return nullptr;
-}
-
-std::u16string Padded(int value, size_t width)
-{
-    std::u16string text = Widen(std::to_string(value));
-    return std::u16string(text.size() < width ? width - text.size() : 0, u'0') + text;
 }
 
 /// Sections of a pattern, parted by ";" outside of quotes.
@@ -63,10 +54,28 @@ std::vector<std::u16string> Sections(std::u16string_view pattern)
     return sections;
 }
 
+/// What a pattern of a number consists of.
+struct PatternPart
+{
+    enum class Kind
+    {
+        Literal,
+        /// "0" or "#" in front of the point.
+        Whole,
+        Point,
+        /// "0" or "#" behind the point.
+        Decimal,
+        Exponent,
+    };
+    Kind kind = Kind::Literal;
+    char16_t unit = 0;
+};
+
 /// One pattern of a number, read into its parts.
 struct NumberPattern
 {
-    size_t wholeDigits = 0;
+    std::vector<PatternPart> parts;
+    size_t wholePlaces = 0;
     size_t leastWhole = 0;
     size_t decimals = 0;
     size_t leastDecimals = 0;
@@ -77,9 +86,14 @@ struct NumberPattern
     size_t exponentDigits = 0;
     bool exponentPlus = false;
     bool isScientific = false;
+
+    void Add(PatternPart::Kind kind, char16_t unit) { parts.push_back(PatternPart{kind, unit}); }
 };
 
-bool IsPlaceholder(char16_t unit) { return unit == u'0' || unit == u'#'; }
+bool IsPlaceholder(char16_t unit)
+{
+    return unit == u'0' || unit == u'#';
+}
 
 bool IsExponent(std::u16string_view pattern, size_t i)
 {
@@ -87,41 +101,60 @@ bool IsExponent(std::u16string_view pattern, size_t i)
            (pattern[i + 1] == u'+' || pattern[i + 1] == u'-') && pattern[i + 2] == u'0';
 }
 
+void AddPlaceholder(NumberPattern& read, char16_t unit)
+{
+    if (read.hasPoint) {
+        read.Add(PatternPart::Kind::Decimal, unit);
+        ++read.decimals;
+        read.leastDecimals = unit == u'0' ? read.decimals : read.leastDecimals;
+        return;
+    }
+    read.Add(PatternPart::Kind::Whole, unit);
+    // Commas between digits group them; only those behind the last digit divide.
+    read.grouped = read.grouped || read.thousands > 0;
+    read.thousands = 0;
+    ++read.wholePlaces;
+    read.leastWhole += unit == u'0' || read.leastWhole > 0 ? 1 : 0;
+}
+
+/// Reads an exponent such as "E+00" and returns how many units it takes.
+size_t AddExponent(NumberPattern& read, std::u16string_view pattern, size_t i)
+{
+    read.Add(PatternPart::Kind::Exponent, pattern[i]);
+    read.isScientific = true;
+    read.exponentPlus = pattern[i + 1] == u'+';
+    read.exponentDigits = 0;
+    for (size_t at = i + 2; at < pattern.size() && IsPlaceholder(pattern[at]); ++at) {
+        ++read.exponentDigits;
+    }
+    return 2 + read.exponentDigits;
+}
+
 NumberPattern ReadNumberPattern(std::u16string_view pattern)
 {
     NumberPattern read;
-    bool quoted = false;
     for (size_t i = 0; i < pattern.size(); ++i) {
         char16_t unit = pattern[i];
         if (unit == u'"') {
-            quoted = !quoted;
-        } else if (quoted) {
-            continue;
+            for (++i; i < pattern.size() && pattern[i] != u'"'; ++i) {
+                read.Add(PatternPart::Kind::Literal, pattern[i]);
+            }
         } else if (unit == u'\\') {
-            ++i;
+            if (++i < pattern.size()) {
+                read.Add(PatternPart::Kind::Literal, pattern[i]);
+            }
         } else if (IsExponent(pattern, i)) {
-            read.isScientific = true;
-            read.exponentPlus = pattern[i + 1] == u'+';
-            for (i += 2; i < pattern.size() && IsPlaceholder(pattern[i]); ++i) {
-                ++read.exponentDigits;
-            }
-            --i;
+            i += AddExponent(read, pattern, i) - 1;
         } else if (IsPlaceholder(unit)) {
-            size_t& digits = read.hasPoint ? read.decimals : read.wholeDigits;
-            ++digits;
-            if (unit == u'0' && read.hasPoint) {
-                read.leastDecimals = read.decimals;
-            } else if (!read.hasPoint && (unit == u'0' || read.leastWhole > 0)) {
-                ++read.leastWhole;
-            }
-        } else if (unit == u'.') {
+            AddPlaceholder(read, unit);
+        } else if (unit == u'.' && !read.hasPoint) {
             read.hasPoint = true;
-        } else if (unit == u',' && !read.hasPoint && read.wholeDigits > 0) {
-            bool followed = i + 1 < pattern.size() && (IsPlaceholder(pattern[i + 1]) || pattern[i + 1] == u',');
-            read.grouped = read.grouped || followed;
-            read.thousands += followed ? 0 : 1;
-        } else if (unit == u'%') {
-            ++read.percents;
+            read.Add(PatternPart::Kind::Point, unit);
+        } else if (unit == u',' && read.wholePlaces > 0) {
+            read.thousands += read.hasPoint ? 0 : 1;
+        } else {
+            read.percents += unit == u'%' ? 1 : 0;
+            read.Add(PatternPart::Kind::Literal, unit);
         }
     }
     return read;
@@ -141,52 +174,66 @@ std::string FixedText(double number, size_t decimals)
     return buffer;
 }
 
-std::u16string Grouped(std::u16string digits)
+/// Hands out the digits in front of the point, with commas between the thousands where they are grouped.
+class WholeDigits
 {
-    for (size_t i = digits.size(); i > 3; i -= 3) {
-        digits.insert(i - 3, u",");
+  public:
+    WholeDigits(std::u16string text, bool grouped) : digits(std::move(text)), withCommas(grouped) {}
+
+    /// Appends digits until only so many are left.
+    void TakeUntil(size_t left, std::u16string& result)
+    {
+        while (digits.size() - taken > left) {
+            result.push_back(digits[taken++]);
+            size_t rest = digits.size() - taken;
+            if (withCommas && rest > 0 && rest % 3 == 0) {
+                result.push_back(u',');
+            }
+        }
     }
-    return digits;
+
+  private:
+    std::u16string digits;
+    bool withCommas;
+    size_t taken = 0;
+};
+
+std::u16string ExponentText(const NumberPattern& read, int exponent)
+{
+    std::u16string digits = Widen(std::to_string(std::abs(exponent)));
+    std::u16string sign = exponent < 0 ? u"-" : (read.exponentPlus ? u"+" : u"");
+    return sign + std::u16string(read.exponentDigits - std::min(read.exponentDigits, digits.size()), u'0') + digits;
 }
 
-/// Puts digits into the places of a pattern; everything else in it stands as it is.
-std::u16string FillPattern(std::u16string_view pattern, const NumberPattern& read, std::u16string whole,
-                           const std::u16string& decimals, int exponent)
+/// Puts digits into the places of a pattern, from the right; everything else in it stands as it is.
+std::u16string FillPattern(const NumberPattern& read, std::u16string wholeText, const std::u16string& decimals,
+                           int exponent)
 {
     std::u16string result;
-    bool quoted = false;
-    bool wroteWhole = false;
-    bool afterPoint = false;
-    for (size_t i = 0; i < pattern.size(); ++i) {
-        char16_t unit = pattern[i];
-        if (unit == u'"') {
-            quoted = !quoted;
-        } else if (quoted) {
-            result.push_back(unit);
-        } else if (unit == u'\\') {
-            if (i + 1 < pattern.size()) {
-                result.push_back(pattern[++i]);
+    WholeDigits whole(std::move(wholeText), read.grouped);
+    size_t placesLeft = read.wholePlaces;
+    size_t decimal = 0;
+    for (const PatternPart& part : read.parts) {
+        switch (part.kind) {
+        case PatternPart::Kind::Literal:
+            result.push_back(part.unit);
+            break;
+        case PatternPart::Kind::Whole:
+            whole.TakeUntil(--placesLeft, result);
+            break;
+        case PatternPart::Kind::Point:
+            whole.TakeUntil(0, result);
+            result.push_back(u'.');
+            break;
+        case PatternPart::Kind::Decimal:
+            if (decimal < decimals.size()) {
+                result.push_back(decimals[decimal++]);
             }
-        } else if (IsExponent(pattern, i)) {
-            result.push_back(unit);
-            result += exponent < 0 ? u"-" : (read.exponentPlus ? u"+" : u"");
-            result += Padded(std::abs(exponent), read.exponentDigits);
-            i += 1 + read.exponentDigits;
-        } else if (IsPlaceholder(unit) && !afterPoint) {
-            result += wroteWhole ? std::u16string() : whole;
-            wroteWhole = true;
-        } else if (IsPlaceholder(unit)) {
-            continue;
-        } else if (unit == u'.') {
-            result += wroteWhole || afterPoint ? std::u16string() : whole;
-            wroteWhole = true;
-            if (!afterPoint) {
-                result.push_back(u'.');
-                result += decimals;
-            }
-            afterPoint = true;
-        } else if (unit != u',' || read.wholeDigits == 0) {
-            result.push_back(unit);
+            break;
+        case PatternPart::Kind::Exponent:
+            result.push_back(part.unit);
+            result += ExponentText(read, exponent);
+            break;
         }
     }
     return result;
@@ -201,7 +248,7 @@ std::u16string FormatNumber(double number, std::u16string_view pattern)
     number = std::abs(number) * std::pow(100.0, read.percents) / std::pow(1000.0, read.thousands);
     int exponent = 0;
     if (read.isScientific && number != 0) {
-        exponent = static_cast<int>(std::floor(std::log10(number))) - static_cast<int>(read.wholeDigits) + 1;
+        exponent = static_cast<int>(std::floor(std::log10(number))) - static_cast<int>(read.wholePlaces) + 1;
         number /= std::pow(10.0, exponent);
     }
     std::string text = FixedText(number, read.decimals);
@@ -217,7 +264,7 @@ std::u16string FormatNumber(double number, std::u16string_view pattern)
     while (whole.size() < read.leastWhole) {
         whole.insert(whole.begin(), u'0');
     }
-    return FillPattern(pattern, read, read.grouped ? Grouped(whole) : whole, decimals, exponent);
+    return FillPattern(read, std::move(whole), decimals, exponent);
 }
 
 std::u16string FormatNumberSections(double number, std::u16string_view pattern)
@@ -234,91 +281,6 @@ std::u16string FormatNumberSections(double number, std::u16string_view pattern)
     return number < 0 && !isZero ? u"-" + text : text;
 }
 
-std::u16string DateSymbol(char16_t symbol, size_t count, const DateParts& parts, bool clock12)
-{
-    switch (symbol) {
-    case u'd':
-        return count >= 4   ? std::u16string(WeekdayName(parts.weekday))
-               : count == 3 ? std::u16string(WeekdayName(parts.weekday).substr(0, 3))
-                            : Padded(parts.day, count);
-    case u'm':
-        return count >= 4   ? std::u16string(MonthName(parts.month))
-               : count == 3 ? std::u16string(MonthName(parts.month).substr(0, 3))
-                            : Padded(parts.month, count);
-    case u'y':
-        return count >= 3 ? Padded(parts.year, 4) : count == 2 ? Padded(parts.year % 100, 2) : Padded(parts.dayOfYear, 1);
-    case u'h':
-        return Padded(clock12 ? (parts.hour % 12 == 0 ? 12 : parts.hour % 12) : parts.hour, count);
-    case u'n':
-        return Padded(parts.minute, count);
-    case u's':
-        return Padded(parts.second, count);
-    case u'q':
-        return Padded((parts.month - 1) / 3 + 1, 1);
-    default:
-        return Padded(parts.weekday, 1);
-    }
-}
-
-std::u16string FormatDatePattern(double date, std::u16string_view pattern)
-{
-    DateParts parts = SplitDate(date);
-    std::u16string lower = Lower(pattern);
-    bool clock12 = lower.find(u"am/pm") != std::u16string::npos || lower.find(u"a/p") != std::u16string::npos;
-    std::u16string result;
-    bool afterHour = false;
-    for (size_t i = 0; i < pattern.size();) {
-        char16_t unit = lower[i];
-        if (lower.compare(i, 5, u"am/pm") == 0) {
-            bool capital = pattern[i] == u'A';
-            result += parts.hour < 12 ? (capital ? u"AM" : u"am") : (capital ? u"PM" : u"pm");
-            i += 5;
-        } else if (lower.compare(i, 3, u"a/p") == 0) {
-            result += parts.hour < 12 ? pattern[i] : pattern[i + 2];
-            i += 3;
-        } else if (unit == u'"') {
-            size_t close = std::min(pattern.find(u'"', i + 1), pattern.size());
-            result += pattern.substr(i + 1, close - i - 1);
-            i = std::min(close + 1, pattern.size());
-        } else if (unit == u'\\' && i + 1 < pattern.size()) {
-            result.push_back(pattern[i + 1]);
-            i += 2;
-        } else if (unit == u'c') {
-            result += DateText(date);
-            ++i;
-        } else if (std::u16string_view(u"dmyhnsqw").find(unit) != std::u16string_view::npos) {
-            size_t count = 1;
-            while (i + count < lower.size() && lower[i + count] == unit) {
-                ++count;
-            }
-            // Behind the hour, "m" means minutes.
-            char16_t symbol = unit == u'm' && afterHour && count <= 2 ? u'n' : unit;
-            result += DateSymbol(symbol, count, parts, clock12);
-            afterHour = unit == u'h';
-            i += count;
-        } else {
-            result.push_back(pattern[i]);
-            ++i;
-        }
-    }
-    return result;
-}
-
-bool IsDatePattern(std::u16string_view pattern)
-{
-    bool quoted = false;
-    for (char16_t unit : Lower(pattern)) {
-        quoted = unit == u'"' ? !quoted : quoted;
-        if (!quoted && std::u16string_view(u"dmyhnsqwc").find(unit) != std::u16string_view::npos) {
-            return true;
-        }
-        if (!quoted && IsPlaceholder(unit)) {
-            return false;
-        }
-    }
-    return false;
-}
-
 std::u16string FormatTextPattern(const std::u16string& text, std::u16string_view pattern)
 {
     bool rightToLeft = pattern.find(u'!') == std::u16string_view::npos;
@@ -331,8 +293,16 @@ std::u16string FormatTextPattern(const std::u16string& text, std::u16string_view
     size_t taken = 0;
     size_t place = 0;
     char16_t letters = 0;
-    for (char16_t unit : pattern) {
-        if (unit == u'@' || unit == u'&') {
+    bool quoted = false;
+    for (size_t i = 0; i < pattern.size(); ++i) {
+        char16_t unit = pattern[i];
+        if (unit == u'"') {
+            quoted = !quoted;
+        } else if (quoted) {
+            result.push_back(unit);
+        } else if (unit == u'\\' && i + 1 < pattern.size()) {
+            result.push_back(pattern[++i]);
+        } else if (unit == u'@' || unit == u'&') {
             bool empty = rightToLeft ? place < missing : taken >= text.size();
             if (!empty) {
                 result.push_back(text[taken++]);
@@ -350,21 +320,17 @@ std::u16string FormatTextPattern(const std::u16string& text, std::u16string_view
     return letters == u'<' ? Lower(result) : letters == u'>' ? Upper(result) : result;
 }
 
-} // namespace
-
-std::u16string FormatValue(const Value& given, std::u16string_view pattern)
+/// A second section of a text's format is for the empty text and Null.
+std::u16string FormatTextSections(const Value& value, std::u16string_view pattern)
 {
-    const Value& value = given.Resolved();
-    if (value.IsNull()) {
-        return {};
-    }
-    if (pattern.empty() || EqualIgnoringCase(pattern, u"general number")) {
-        return value.ToText();
-    }
-    bool isText = value.IsString() || value.IsEmpty();
-    if (pattern.find_first_of(u"@&<>") != std::u16string_view::npos) {
-        return FormatTextPattern(value.ToText(), pattern);
-    }
+    std::vector<std::u16string> sections = Sections(pattern);
+    std::u16string text = value.IsNull() ? std::u16string() : value.ToText();
+    return FormatTextPattern(text, text.empty() && sections.size() > 1 ? sections[1] : sections[0]);
+}
+
+/// Yes/No and its like; nothing when the pattern is none of them.
+std::optional<std::u16string> FormatTruth(const Value& value, std::u16string_view pattern)
+{
     struct Words
     {
         std::u16string_view name;
@@ -378,20 +344,40 @@ std::u16string FormatValue(const Value& given, std::u16string_view pattern)
             return std::u16string(value.ToBoolean() ? words.yes : words.no);
         }
     }
-    const NamedFormat* namedDate = FindNamed(kDateFormats, pattern);
+    return std::nullopt;
+}
+
+} // namespace
+
+std::u16string FormatValue(const Value& given, std::u16string_view pattern, const WeekRule& weeks)
+{
+    const Value& value = given.Resolved();
+    if (pattern.find_first_of(u"@&<>") != std::u16string_view::npos) {
+        return FormatTextSections(value, pattern);
+    }
+    if (value.IsNull()) {
+        std::vector<std::u16string> sections = Sections(pattern);
+        return sections.size() > 3 ? FormatNumber(0, sections[3]) : std::u16string();
+    }
+    if (pattern.empty() || EqualIgnoringCase(pattern, u"general number")) {
+        return value.ToText();
+    }
+    if (std::optional<std::u16string> truth = FormatTruth(value, pattern)) {
+        return *truth;
+    }
+    std::u16string_view namedDate = NamedDatePattern(pattern);
     const NamedFormat* namedNumber = FindNamed(kNumberFormats, pattern);
-    bool wantsDate = namedDate != nullptr || (namedNumber == nullptr && IsDatePattern(pattern));
-    if (wantsDate) {
-        std::optional<double> date =
-            value.IsString() ? ParseDate(value.Text()) : std::optional(value.ToDouble());
+    if (!namedDate.empty() || (namedNumber == nullptr && IsDatePattern(pattern))) {
+        std::optional<double> date = value.IsString() ? ParseDate(value.Text()) : std::optional(value.ToDouble());
         if (value.IsString() && !date) {
             date = ParseNumber(value.Text());
         }
         if (!date || !IsDateInRange(*date)) {
             return value.ToText();
         }
-        return FormatDatePattern(*date, namedDate != nullptr ? namedDate->pattern : pattern);
+        return FormatDate(*date, namedDate.empty() ? pattern : namedDate, weeks);
     }
+    bool isText = value.IsString() || value.IsEmpty();
     std::optional<double> number = isText ? ParseNumber(value.ToText()) : std::optional(value.ToDouble());
     if (!number) {
         return value.ToText();

@@ -1,5 +1,6 @@
 #include "macro/builtins.h"
 #include "macro/code.h"
+#include "macro/dates.h"
 #include "macro/runner.h"
 
 namespace tv::macro {
@@ -7,7 +8,10 @@ namespace tv::macro {
 Machine::Machine(Host& outside, const Limits& runLimits) : host(outside), limits(runLimits) {}
 Machine::~Machine() = default;
 
-void Machine::RequestStop() { stopRequested = true; }
+void Machine::RequestStop()
+{
+    stopRequested = true;
+}
 
 RunResult Machine::Run(const Module& module, std::u16string_view procedure, std::vector<Value> arguments)
 {
@@ -21,6 +25,7 @@ RunResult Machine::Run(const Module& module, std::u16string_view procedure, std:
         return result;
     }
     MemoryBudget budget(limits.memory);
+    CurrentYear year(host.Now());
     Runner runner(host, limits, stopRequested, module);
     return runner.Run(found->second, std::move(arguments));
 }

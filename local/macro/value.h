@@ -153,6 +153,8 @@ public:
     const std::u16string& Text() const;
     /// Whether a text has an odd number of bytes.
     bool EndsInHalf() const { return detail == kHalf; }
+    /// Whether it is a text of whole characters, as nearly all are.
+    bool IsWholeText() const { return type == Type::String && !EndsInHalf(); }
     std::string TextBytes() const;
     Object* ObjectPointer() const;
     Array* ArrayPointer() const;

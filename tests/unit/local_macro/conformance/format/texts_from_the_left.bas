@@ -1,0 +1,5 @@
+' ! fills the places of a text from the left.
+'> [ab  ]
+Sub main()
+    Debug.Print "[" & Format("ab", "!@@@@") & "]"
+End Sub
