@@ -5,6 +5,8 @@
 #include "macro/runtime.h"
 #include "macro/text.h"
 
+#include <algorithm>
+
 namespace tv::macro {
 
 namespace {
@@ -111,16 +113,25 @@ private:
 
     Value Read(const MemberName& name, const Arguments& a)
     {
-        if (!name.Is(u"readline") && !name.Is(u"readall") && !name.Is(u"read") && !name.Is(u"skipline") &&
-            !name.Is(u"atendofstream") && !name.Is(u"line")) {
+        constexpr std::u16string_view kMembers[] = {u"readline", u"readall", u"read", u"skipline", u"skip",
+                                                    u"atendofstream", u"atendofline", u"line", u"column"};
+        if (std::find(std::begin(kMembers), std::end(kMembers), name.folded) == std::end(kMembers)) {
             NoSuchMember();
         }
         Load();
         if (name.Is(u"atendofstream")) {
             return Value(at >= content.size());
         }
+        if (name.Is(u"atendofline")) {
+            return Value(at >= content.size() || content[at] == '\r' || content[at] == '\n');
+        }
         if (name.Is(u"line")) {
-            return Value(line);
+            auto here = content.begin() + static_cast<std::ptrdiff_t>(at);
+            return Value(static_cast<int32_t>(std::count(content.begin(), here, '\n')) + 1);
+        }
+        if (name.Is(u"column")) {
+            size_t lineEnd = at == 0 ? std::string::npos : content.rfind('\n', at - 1);
+            return Value(static_cast<int32_t>(lineEnd == std::string::npos ? at + 1 : at - lineEnd));
         }
         if (at >= content.size()) {
             Raise(kInputPastEnd);
@@ -130,13 +141,12 @@ private:
             at = content.size();
             return Value(FromNarrow(content.substr(start)));
         }
-        if (name.Is(u"read")) {
+        if (name.Is(u"read") || name.Is(u"skip")) {
             at = std::min(content.size(), at + static_cast<size_t>(std::max(0, a[0].ToLong())));
-            return Value(FromNarrow(content.substr(start, at - start)));
+            return name.Is(u"skip") ? Value() : Value(FromNarrow(content.substr(start, at - start)));
         }
         size_t end = std::min(content.find('\n', at), content.size());
         at = std::min(end + 1, content.size());
-        ++line;
         size_t length = end - start - (end > start && content[end - 1] == '\r' ? 1 : 0);
         return name.Is(u"skipline") ? Value() : Value(FromNarrow(content.substr(start, length)));
     }
@@ -145,7 +155,6 @@ private:
     bool isReader;
     std::string content;
     size_t at = 0;
-    int32_t line = 1;
 };
 
 /// A file or a folder of the file system.
@@ -382,6 +391,58 @@ private:
         return Value();
     }
 
+    void CopyTree(const std::u16string& from, const std::u16string& to)
+    {
+        if (!Exists(to, true)) {
+            files.CreateFolder(to);
+        }
+        for (const FileEntry& entry : files.List(from)) {
+            std::u16string source = Joined(from, entry.name);
+            std::u16string target = Joined(to, entry.name);
+            entry.isFolder ? CopyTree(source, target) : files.Copy(source, target);
+        }
+    }
+
+    Value CopyFolder(const Arguments& a)
+    {
+        const std::u16string from = a[0].ToText();
+        if (!Exists(from, true)) {
+            Raise(kPathNotFound);
+        }
+        std::u16string to = TargetOf(from, a[1].ToText());
+        bool overwrites = !a.Has(2) || a[2].ToBoolean();
+        if (!overwrites && files.Find(to)) {
+            Raise(kFileExists);
+        }
+        // A folder within itself would be copied without end.
+        if (EqualIgnoringCase(from, to) || Lower(to).starts_with(Lower(Joined(from, u"")))) {
+            Raise(kPermissionDenied);
+        }
+        CopyTree(from, to);
+        return Value();
+    }
+
+    Value MoveFolder(const Arguments& a)
+    {
+        const std::u16string from = a[0].ToText();
+        if (!Exists(from, true)) {
+            Raise(kPathNotFound);
+        }
+        std::u16string to = TargetOf(from, a[1].ToText());
+        if (files.Find(to)) {
+            Raise(kFileExists);
+        }
+        CopyTree(from, to);
+        RemoveTree(from);
+        return Value();
+    }
+
+    Value GetDriveName(const Arguments& a)
+    {
+        const std::u16string path = a[0].ToText();
+        return Value(path.size() > 1 && path[1] == u':' ? path.substr(0, 2) : std::u16string());
+    }
+
     Value GetFile(const Arguments& a)
     {
         if (!Exists(a[0].ToText(), false)) {
@@ -425,13 +486,13 @@ private:
         return Value(MakeRef<TextStream>(files.Open(a[0].ToText(), access), mode == kForReading));
     }
 
-    static const Member kMembers[19];
+    static const Member kMembers[22];
 
     FileSystem& files;
     int32_t temporaries = 0;
 };
 
-const FileSystemObject::Member FileSystemObject::kMembers[19] = {
+const FileSystemObject::Member FileSystemObject::kMembers[22] = {
     {u"fileexists", 1, 1, &FileSystemObject::FileExists},
     {u"folderexists", 1, 1, &FileSystemObject::FolderExists},
     {u"getfilename", 1, 1, &FileSystemObject::GetFileName},
@@ -447,6 +508,9 @@ const FileSystemObject::Member FileSystemObject::kMembers[19] = {
     {u"deletefolder", 1, 2, &FileSystemObject::DeleteFolder},
     {u"copyfile", 2, 3, &FileSystemObject::CopyFile},
     {u"movefile", 2, 2, &FileSystemObject::MoveFile},
+    {u"copyfolder", 2, 3, &FileSystemObject::CopyFolder},
+    {u"movefolder", 2, 2, &FileSystemObject::MoveFolder},
+    {u"getdrivename", 1, 1, &FileSystemObject::GetDriveName},
     {u"getfile", 1, 1, &FileSystemObject::GetFile},
     {u"getfolder", 1, 1, &FileSystemObject::GetFolder},
     {u"createtextfile", 1, 3, &FileSystemObject::CreateTextFile},

@@ -243,7 +243,11 @@ ExpressionPtr Parser::ParseTypeOf()
     ++at;
     node->base = ParsePostfix();
     ExpectWord(u"is", u"Is");
-    node->name = ParseTypeName().name;
+    TypeSyntax type = ParseTypeName();
+    if (type.type != Type::Object) {
+        throw CompileFailure{type.at, u"Expected: class name"};
+    }
+    node->name = type.name.empty() ? u"Object" : type.name;
     return node;
 }
 

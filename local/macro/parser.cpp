@@ -527,6 +527,9 @@ VariableSyntax Parser::ParseVariable()
         variable.bounds = ParseBounds();
     }
     variable.type = ParseAsClause(name);
+    if (variable.isArray && variable.type.isNew) {
+        throw CompileFailure{variable.at, u"An array declared As New is not supported by this macro language"};
+    }
     return variable;
 }
 
