@@ -403,6 +403,14 @@ TEST(PrintCalls, ASheetIsFoundInAnyCase)
     }
 }
 
+TEST(PrintCalls, AWholeDrawingIsNotAskedForItsSheets)
+{
+    PrintWorld world;
+    world.cad.documents[u"C:\\V\\a.drw"] = {kScriptedDrawing, {}, {u"One"}};
+    world.Run(u"C:\\V\\a.drw");
+    EXPECT_EQ(world.Calls("a.drw.GetSheetNames"), "");
+}
+
 TEST(PrintCalls, NoCopyCountMeansOneCopy)
 {
     struct Row

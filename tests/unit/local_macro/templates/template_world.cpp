@@ -117,6 +117,7 @@ constexpr std::u16string_view kSwitchOptions[] = {
 };
 
 constexpr int32_t kAlreadyExists = 183;
+constexpr int32_t kInvalidParameter = 87;
 constexpr int32_t kInvalidName = 123;
 constexpr int32_t kBadPathName = 161;
 
@@ -170,6 +171,10 @@ TemplateWorld::TemplateWorld(int32_t templateId) : resource(templateId)
     host.globals[u"application"] = Value(MakeScriptedApplication(cad));
     host.functions[{u"shell32", u"shcreatedirectoryexa"}] = [this](Arguments& arguments) {
         arguments.Expect(3, 3);
+        // Neither a window nor a security descriptor goes with the path.
+        if (arguments[0].ToLong() != 0 || arguments[2].ToLong() != 0) {
+            return Value(kInvalidParameter);
+        }
         return CreateFolders(host.files, ThroughCodePage(arguments[1]));
     };
     host.functions[{u"shlwapi", u"pathisrelativea"}] = [](Arguments& arguments) {
