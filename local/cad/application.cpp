@@ -137,6 +137,9 @@ SaveOutcome Application::Save(ModelDocument& document, std::u16string_view targe
     SaveOutcome outcome = format->route == SaveRoute::Own ? SaveOwn(document, target, extension)
                                                           : SaveByKernel(document, target, extension, items);
     onNote(outcome.Succeeded() ? "saved " + ToUtf8(target) : "save failed: " + outcome.message);
+    if (outcome.Succeeded()) {
+        onMacroEvent({MacroEventKind::Saved, ToUtf8(target)});
+    }
     return outcome;
 }
 

@@ -3,6 +3,7 @@
 
 #include "cad/export_options.h"
 #include "cad/geometry.h"
+#include "cad/macro_event.h"
 #include "cad/model_document.h"
 #include "macro/file_system.h"
 
@@ -45,6 +46,8 @@ class Application
     std::function<void()> onExit = [] {};
     /// Told of everything that a person would want to know afterwards, one line each.
     std::function<void(const std::string& line)> onNote = [](const std::string&) {};
+    /// Told of what a macro does while it does it.
+    std::function<void(const MacroEvent& event)> onMacroEvent = [](const MacroEvent&) {};
     /// Called after the list of documents or an active item changed.
     std::function<void()> onChanged = [] {};
     /// Handle of the main window, 0 for none.

@@ -78,12 +78,14 @@ const macro::ExternalFunction* MacroHost::FindFunction(std::u16string_view libra
 
 int32_t MacroHost::MessageBox(const std::u16string& prompt, int32_t buttons, const std::u16string& title)
 {
+    context.application.onMacroEvent({MacroEventKind::Asked, ToUtf8(prompt)});
     return messageBox(prompt, buttons, title);
 }
 
 void MacroHost::DebugPrint(const std::u16string& line)
 {
     context.application.onNote("macro: " + ToUtf8(line));
+    context.application.onMacroEvent({MacroEventKind::Printed, ToUtf8(line)});
 }
 
 } // namespace tv::app

@@ -38,13 +38,13 @@ MacroRunner::MacroRunner(macro::Host& macroHost, const macro::Library& names, co
 MacroOutcome MacroRunner::Run(std::u16string_view path, std::u16string_view module, std::u16string_view procedure)
 {
     if (!module.empty() && !SameIgnoringCase(module, u"TVMacro1")) {
-        return {false, kMacroInvalidArgument, "a text macro has no module " + ToUtf8(module)};
+        return {.error = kMacroInvalidArgument, .message = "a text macro has no module " + ToUtf8(module)};
     }
     std::u16string source;
     try {
         source = FromCodePage1252(ReadBytes(host.Files(), path));
     } catch (const macro::MacroError& error) {
-        return {false, kMacroFileOpenFailed, ToUtf8(path) + ": " + ToUtf8(error.description)};
+        return {.error = kMacroFileOpenFailed, .message = ToUtf8(path) + ": " + ToUtf8(error.description)};
     }
     const macro::CompileResult compiled = macro::Compile(source, {.library = &library, .conditions = {}});
     if (!compiled.module) {
@@ -53,16 +53,20 @@ MacroOutcome MacroRunner::Run(std::u16string_view path, std::u16string_view modu
             message += "; line " + std::to_string(problem.line) + ", column " + std::to_string(problem.column) + ": " +
                        ToUtf8(problem.message);
         }
-        return {false, kMacroCallFailed, message};
+        return {.error = kMacroCallFailed, .message = message};
     }
     macro::Machine machine(host, limits);
     const macro::RunResult result = machine.Run(*compiled.module, procedure);
     if (result.outcome == macro::Outcome::Ok) {
-        return {true, 0, {}};
+        return {.succeeded = true};
     }
-    return {false, MacroErrorOf(result),
-            "the macro ended at line " + std::to_string(result.line) + " with error " + std::to_string(result.number) +
-                ": " + ToUtf8(result.description)};
+    MacroOutcome failed{.error = MacroErrorOf(result),
+                        .number = result.number,
+                        .description = ToUtf8(result.description),
+                        .line = result.line};
+    failed.message = "the macro ended at line " + std::to_string(failed.line) + " with error " +
+                     std::to_string(failed.number) + ": " + failed.description;
+    return failed;
 }
 
 } // namespace tv::app

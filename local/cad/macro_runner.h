@@ -29,7 +29,11 @@ struct MacroOutcome
 {
     bool succeeded = false;
     int32_t error = 0; ///< of MacroError, 0 for none
-    std::string message;
+    std::string message{};
+    /// The language's own error, where one ended the macro: number, words and the line of the macro.
+    int32_t number = 0;
+    std::string description{};
+    int32_t line = 0;
 };
 
 /// The code for a run-time error that no handler of the macro took.

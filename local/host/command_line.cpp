@@ -2,6 +2,7 @@
 
 #include "host/file_commands.h"
 #include "host/macro_commands.h"
+#include "host/macro_run.h"
 #include "host/run_commands.h"
 #include "host/task_commands.h"
 #include "vault/error_table.h"
@@ -34,6 +35,7 @@ class CommandLine
         AddFileCommands();
         AddTaskCommands();
         AddRunCommands();
+        AddMacroRunCommand();
     }
 
     CLI::App& App() { return app; }
@@ -153,6 +155,17 @@ class CommandLine
                         "stands for, values that break the line, misspelled names");
     }
 
+    void AddMacroRunCommand()
+    {
+        auto* run = Command(app, "macro-run", "Run a macro file in the CAD application, without a task", NeedsVault::No,
+                            [this] { return MacroRunCommand(context, macroRun); });
+        run->add_option("FILE", macroRun.file, "Text file with the macro")->required();
+        run->add_option("--procedure", macroRun.procedure, "Procedure to run")->capture_default_str();
+        run->add_option("--timeout", macroRun.timeout, "Seconds after which the macro is ended; none unless given")
+            ->check(CLI::PositiveNumber);
+        run->add_flag("--visible", macroRun.isVisible, "Show the application's window");
+    }
+
     HostContext& context;
     CLI::App app{"Runs the tasks of a document vault on this machine", "tvtask"};
     std::function<int()> action;
@@ -170,6 +183,7 @@ class CommandLine
     bool all = false;
     bool useTemplate = false;
     MacroChecks checks;
+    MacroRunOptions macroRun;
 };
 
 int Complain(HostEnvironment& environment, std::string_view words, int exitCode)
@@ -198,6 +212,8 @@ int RunCommandLine(const std::vector<std::string>& arguments, HostEnvironment& e
         return Complain(environment, error.what(), kExitWrongUsage);
     } catch (const NoVaultError& error) {
         return Complain(environment, error.what(), kExitNoVault);
+    } catch (const NoApplicationError& error) {
+        return Complain(environment, error.what(), kExitNoApplication);
     } catch (const ResultError& error) {
         const std::string words = error.Text().empty() ? WordsFor(error.Code()).description : Utf8(error.Text());
         return Complain(environment, words, kExitFailed);

@@ -10,6 +10,7 @@ inline constexpr int kExitDone = 0;
 inline constexpr int kExitFailed = 1;
 inline constexpr int kExitWrongUsage = 2;
 inline constexpr int kExitNoVault = 3;
+inline constexpr int kExitNoApplication = 3;
 
 /// A wrong path, name or value. The line names it and says what would be right.
 class UsageError : public std::runtime_error

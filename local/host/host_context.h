@@ -1,6 +1,7 @@
 // What every command of the host works with.
 #pragma once
 
+#include "host/application_process.h"
 #include "host/component.h"
 #include "host/errors.h"
 #include "host/machine.h"
@@ -21,6 +22,7 @@ struct HostEnvironment
     std::ostream& err;
     Component& component;
     Machine& machine;
+    ApplicationStarter& applications;
     /// The output goes to a person's screen, where a line can be written over.
     bool terminal = false;
     std::string defaultVault;

@@ -96,6 +96,13 @@ void FindingPrinter::Print(std::ostream& out, const MacroFinding& finding) const
     }
 }
 
+int FindingPrinter::FirstColumn(FindingText which, int line) const
+{
+    const std::u16string_view code = LineOf({which, line, 1, {}, {}});
+    const size_t first = code.find_first_not_of(u" \t");
+    return first == std::u16string_view::npos ? 1 : static_cast<int>(first) + 1;
+}
+
 Json FindingPrinter::ToJson(const MacroFinding& finding) const
 {
     return {{"text", finding.text == FindingText::Script ? "script" : "macro"},

@@ -61,6 +61,8 @@ class FindingPrinter
     void SetText(FindingText which, std::string name, std::u16string_view text);
     void Print(std::ostream& out, const MacroFinding& finding) const;
     Json ToJson(const MacroFinding& finding) const;
+    /// The column in which the code of a line begins.
+    int FirstColumn(FindingText which, int line) const;
 
   private:
     struct NamedText

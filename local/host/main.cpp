@@ -56,7 +56,9 @@ int Main(const std::vector<std::string>& arguments)
     PrepareOutput();
     const auto component = MakeRegisteredComponent();
     const auto machine = MakeMachine();
-    HostEnvironment environment{std::cout, std::cerr, *component, *machine, IsTerminal(), DefaultVault(), {}};
+    const auto applications = MakeApplicationStarter();
+    HostEnvironment environment{std::cout,     std::cerr,    *component,     *machine,
+                                *applications, IsTerminal(), DefaultVault(), {}};
     const int code = RunCommandLine(arguments, environment);
     std::cout.flush();
     return code;

@@ -4,6 +4,7 @@
 //     TORVANE.EXE /regserver     registers it; /unregserver takes it out again
 #include "cad/dispatch_object.h"
 #include "cad/kernel_geometry.h"
+#include "cad/macro_event.h"
 #include "cad/macro_host.h"
 #include "cad/macro_library.h"
 #include "cad/text.h"
@@ -23,23 +24,38 @@ namespace tv::app {
 
 namespace {
 
+std::wstring EnvironmentVariable(const wchar_t* name)
+{
+    std::wstring value(GetEnvironmentVariableW(name, nullptr, 0), L'\0');
+    if (!value.empty()) {
+        value.resize(GetEnvironmentVariableW(name, value.data(), static_cast<DWORD>(value.size())));
+    }
+    return value;
+}
+
+void AppendLine(const std::wstring& path, const std::string& line)
+{
+    if (FILE* file = path.empty() ? nullptr : _wfopen(path.c_str(), L"ab")) {
+        std::fputs((line + "\r\n").c_str(), file);
+        std::fclose(file);
+    }
+}
+
 /// Appends a line to the file that the environment variable TORVANE_TRANSCRIPT names, if any.
 void Note(const std::string& line)
 {
+    static const std::wstring path = EnvironmentVariable(L"TORVANE_TRANSCRIPT");
+    AppendLine(path, std::to_string(GetCurrentProcessId()) + " " + line);
+}
+
+void TellMacroEvent(const MacroEvent& event)
+{
     static const std::wstring path = [] {
-        std::wstring value(GetEnvironmentVariableW(L"TORVANE_TRANSCRIPT", nullptr, 0), L'\0');
-        if (!value.empty()) {
-            value.resize(
-                GetEnvironmentVariableW(L"TORVANE_TRANSCRIPT", value.data(), static_cast<DWORD>(value.size())));
-        }
-        return value;
+        const std::string_view name = kMacroEventsVariable;
+        return EnvironmentVariable(std::wstring(name.begin(), name.end()).c_str());
     }();
-    if (path.empty()) {
-        return;
-    }
-    if (FILE* file = _wfopen(path.c_str(), L"ab")) {
-        std::fprintf(file, "%lu %s\r\n", static_cast<unsigned long>(GetCurrentProcessId()), line.c_str());
-        std::fclose(file);
+    if (!path.empty()) {
+        AppendLine(path, WriteMacroEvent(event));
     }
 }
 
@@ -85,6 +101,7 @@ int RunApplication(int showMode)
     KernelGeometry geometry(NativeKernelSettings(), NativePath);
     Application application(files, geometry);
     application.onNote = Note;
+    application.onMacroEvent = TellMacroEvent;
 
     MacroLibrary library;
     ObjectContext context{application, {}};
@@ -99,6 +116,10 @@ int RunApplication(int showMode)
         Note("macro " + ToUtf8(path) + " " + ToUtf8(procedure));
         const MacroOutcome outcome = runner.Run(path, module, procedure);
         Note(outcome.succeeded ? "macro done" : "macro failed: " + outcome.message);
+        if (!outcome.succeeded) {
+            TellMacroEvent({MacroEventKind::Failed, outcome.description.empty() ? outcome.message : outcome.description,
+                            outcome.number, outcome.line});
+        }
         return outcome;
     };
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "scripted_add_in.h"
+#include "scripted_application.h"
 
 #include "host/command_line.h"
 
@@ -38,6 +39,7 @@ class HostWorld : public ::testing::Test
 
     ScriptedComponent component;
     QuietMachine machine;
+    ScriptedApplications applications;
     bool terminal = false;
 
   private:
