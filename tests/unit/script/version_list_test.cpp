@@ -178,6 +178,14 @@ TEST_F(VersionList, AsksForANameUntilItCanBeRead)
     EXPECT_EQ(indexes[1002], u"2");
 }
 
+TEST_F(VersionList, IsNotFilledByAnInstallerThatRefuses)
+{
+    Install({u"Torvane 2012 SP0"});
+    machine.log.FailNth("products.EnumProduct", 1, fakes::Failure::Once, kErrorAccessDenied);
+    EXPECT_EQ(List(2012), (Rows{{u"<Use default>", 0}}));
+    EXPECT_EQ(machine.log.CountOf("products.EnumProduct"), 1u);
+}
+
 TEST_F(VersionList, EndsTheWalkAtAnyErrorOfTheInstaller)
 {
     Install({u"Torvane 2012 SP0", u"Torvane 2013 SP0"});
