@@ -355,6 +355,7 @@ void Compiler::FinishProcedure()
             procedure.code[use].target = label.address;
         }
     }
+    RouteDepartures();
     std::vector<uint32_t> sizes(procedure.statements.size() + 1, 0);
     uint32_t most = 0;
     for (uint32_t statement : procedure.statementOf) {

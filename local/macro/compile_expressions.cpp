@@ -54,7 +54,11 @@ Value Compiler::EvaluateConstant(const Expression& expression)
     default:
         break;
     }
-    Fail(expression.at, u"Constant expression required");
+    const Expression* start = &expression;
+    while (start->kind == ExpressionKind::Index && start->base) {
+        start = start->base.get();
+    }
+    Fail(start->at, u"Constant expression required");
 }
 
 Value Compiler::ConstantValue(int32_t index, const Position& at)

@@ -51,6 +51,11 @@ int32_t Compiler::AddName(std::u16string_view name)
 int32_t Compiler::NewSlot(const Value& initial)
 {
     Procedure& procedure = *scope->procedure;
+    // An instruction names a slot with sixteen bits.
+    constexpr size_t kMostSlots = 60000;
+    if (procedure.parameters.size() + procedure.locals.size() > kMostSlots) {
+        Fail(lastPosition, u"Too many local variables");
+    }
     procedure.locals.push_back(initial);
     return static_cast<int32_t>(procedure.parameters.size() + procedure.locals.size()) - 1;
 }
@@ -420,7 +425,7 @@ void Compiler::EmitBody(const ForStatement& statement)
     size_t toExit = Emit(Op::ForTest, 0, 0, 0, hidden);
     FinishStatement();
     uint32_t body = Here();
-    scope->loops.push_back(Loop{LoopKind::For, {}});
+    scope->loops.push_back(Loop{LoopKind::For, {}, scope->withs.size()});
     EmitBlock(statement.block);
     BeginStatement(statement.end);
     if (variable.place == Place::Local) {
@@ -462,7 +467,7 @@ void Compiler::EmitBody(const ForEachStatement& statement)
     }
     EmitStore(variable, true);
     FinishStatement();
-    scope->loops.push_back(Loop{LoopKind::For, {}});
+    scope->loops.push_back(Loop{LoopKind::For, {}, scope->withs.size()});
     EmitBlock(statement.block);
     BeginStatement(statement.end);
     Emit(Op::Jump, static_cast<int32_t>(start));
@@ -481,7 +486,8 @@ void Compiler::EmitBody(const DoStatement& statement)
         exits.push_back(Emit(statement.untilBefore ? Op::JumpIfTrue : Op::JumpIfFalse));
     }
     FinishStatement();
-    scope->loops.push_back(Loop{statement.isWhile ? LoopKind::While : LoopKind::Do, std::move(exits)});
+    scope->loops.push_back(
+        Loop{statement.isWhile ? LoopKind::While : LoopKind::Do, std::move(exits), scope->withs.size()});
     EmitBlock(statement.block);
     BeginStatement(statement.end);
     if (statement.after) {
@@ -511,12 +517,13 @@ void Compiler::EmitBody(const WithStatement& statement)
     Emit(Op::StoreLocal, with.subject.slot, 0, kRaw);
     FinishStatement();
     scope->withs.push_back(with);
+    if (with.isReference) {
+        scope->heldSlots.push_back(with.subject.slot);
+    }
     EmitBlock(statement.block);
     scope->withs.pop_back();
-    // What the block held is free again, so that its array can change its size.
     BeginStatement(statement.subject->at);
-    Emit(Op::Push, AddConstant(Value()));
-    Emit(Op::StoreLocal, with.subject.slot, 0, kRaw);
+    EmitRelease(with.subject.slot);
     FinishStatement();
 }
 
@@ -528,6 +535,7 @@ void Compiler::EmitBody(const LabelStatement& statement)
     }
     label.isDefined = true;
     label.address = static_cast<int32_t>(Here());
+    label.withs = HeldAround();
     if (statement.name.front() >= u'0' && statement.name.front() <= u'9') {
         double number = ParseNumber(statement.name).value_or(0);
         scope->lineNumber = number <= 2147483647.0 ? static_cast<int>(number) : 0;
@@ -541,6 +549,54 @@ void Compiler::EmitJumpToLabel(Op op, const std::u16string& name)
         label.at = lastPosition;
     }
     label.uses.push_back(Emit(op));
+    if (op == Op::Jump || op == Op::JumpIfTrue) {
+        scope->departures.push_back(Departure{label.uses.back(), Lower(name), HeldAround()});
+    } else if (op == Op::ResumeAt) {
+        // The error may have happened within any of them.
+        scope->departures.push_back(Departure{label.uses.back(), Lower(name), {}});
+    }
+}
+
+/// What a With block held is free again, so that its array can change its size.
+void Compiler::EmitRelease(int32_t withSlot)
+{
+    Emit(Op::Push, AddConstant(Value()));
+    Emit(Op::StoreLocal, withSlot, 0, kRaw);
+}
+
+std::vector<int32_t> Compiler::HeldAround() const
+{
+    std::vector<int32_t> slots;
+    for (const WithBlock& with : scope->withs) {
+        if (with.isReference) {
+            slots.push_back(with.subject.slot);
+        }
+    }
+    return slots;
+}
+
+/// Lets jumps out of With blocks give up their subjects on the way to the label.
+void Compiler::RouteDepartures()
+{
+    Procedure& procedure = *scope->procedure;
+    for (const Departure& departure : scope->departures) {
+        const Label& label = scope->labels[departure.label];
+        bool fromHandler = procedure.code[departure.jump].op == Op::ResumeAt;
+        std::vector<int32_t> left = fromHandler ? scope->heldSlots : departure.withs;
+        std::erase_if(left, [&](int32_t slot) {
+            return std::find(label.withs.begin(), label.withs.end(), slot) != label.withs.end();
+        });
+        if (left.empty() || !label.isDefined) {
+            continue;
+        }
+        procedure.code[departure.jump].target = static_cast<int32_t>(Here());
+        BeginStatement(scope->syntax->end);
+        for (int32_t slot : left) {
+            EmitRelease(slot);
+        }
+        Emit(Op::Jump, label.address);
+        FinishStatement();
+    }
 }
 
 void Compiler::EmitBody(const GoToStatement& statement)
@@ -619,6 +675,9 @@ void Compiler::EmitBody(const ExitStatement& statement)
         bool wantsFor = statement.what == What::For;
         for (size_t i = scope->loops.size(); i-- > 0;) {
             if (scope->loops[i].kind == (wantsFor ? LoopKind::For : LoopKind::Do)) {
+                for (size_t with = scope->withs.size(); with-- > scope->loops[i].withs;) {
+                    EmitRelease(scope->withs[with].subject.slot);
+                }
                 scope->loops[i].exits.push_back(Emit(Op::Jump));
                 return;
             }
@@ -630,11 +689,9 @@ void Compiler::EmitBody(const ExitStatement& statement)
                : kind == ProcedureKind::Function ? What::Function
                                                  : What::Property;
     if (statement.what != own) {
-        Fail(lastPosition, std::u16string(u"Exit ") +
-                               (statement.what == What::Sub        ? u"Sub"
-                                : statement.what == What::Function ? u"Function"
-                                                                   : u"Property") +
-                               u" not allowed in this procedure");
+        Fail(lastPosition, statement.what == What::Sub        ? u"Exit Sub not allowed in Function or Property"
+                           : statement.what == What::Function ? u"Exit Function not allowed in Sub or Property"
+                                                              : u"Exit Property not allowed in Function or Sub");
     }
     Emit(Op::Return);
 }

@@ -96,6 +96,15 @@ private:
         Position at;
         bool isDefined = false;
         std::vector<size_t> uses;
+        /// Slots of the With blocks around it.
+        std::vector<int32_t> withs;
+    };
+    /// A jump that may leave With blocks, whose subjects are given up on the way.
+    struct Departure
+    {
+        size_t jump = 0;
+        std::u16string label;
+        std::vector<int32_t> withs;
     };
     enum class LoopKind
     {
@@ -108,6 +117,8 @@ private:
     {
         LoopKind kind = LoopKind::Do;
         std::vector<size_t> exits;
+        /// How many With blocks stand around it.
+        size_t withs = 0;
     };
     struct WithBlock
     {
@@ -124,6 +135,9 @@ private:
         std::map<std::u16string, Label> labels;
         std::vector<Loop> loops;
         std::vector<WithBlock> withs;
+        /// Slots of all With blocks that hold an element or a record in place.
+        std::vector<int32_t> heldSlots;
+        std::vector<Departure> departures;
         std::vector<std::pair<int32_t, int32_t>> shapedLocals;
         uint32_t statement = 0;
         int lineNumber = 0;
@@ -222,6 +236,9 @@ private:
     void EmitInternal(std::u16string_view builtin, size_t count);
     void EmitCondition(const Expression& condition);
     void EmitJumpToLabel(Op op, const std::u16string& label);
+    void EmitRelease(int32_t withSlot);
+    std::vector<int32_t> HeldAround() const;
+    void RouteDepartures();
     void DeclareLocal(const VariableSyntax& syntaxOfVariable, bool isStatic);
     void EmitBound(const BoundSyntax& bound);
 

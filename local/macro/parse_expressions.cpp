@@ -199,6 +199,9 @@ ExpressionPtr Parser::ParsePrimary()
     if (IsWord(u"addressof")) {
         Unsupported(u"AddressOf");
     }
+    if (IsWord(u"me")) {
+        Unsupported(u"Me");
+    }
     if (IsWord(u"typeof")) {
         return ParseTypeOf();
     }
@@ -275,6 +278,9 @@ std::vector<ArgumentSyntax> Parser::ParseArguments(bool inParentheses, bool take
                 TakeSymbol(u"#");
             }
             arguments.push_back(ParseArgument());
+        }
+        if (arguments.size() > kMostArguments) {
+            Fail(u"Too many arguments");
         }
         if (!TakeSymbol(u",")) {
             break;

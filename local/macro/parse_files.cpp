@@ -81,6 +81,9 @@ std::vector<PrintStatement::Item> Parser::ParsePrintItems()
     using Kind = PrintStatement::Item::Kind;
     std::vector<PrintStatement::Item> items;
     while (!AtEndOfStatement() && !IsWord(u"else")) {
+        if (items.size() > kMostArguments) {
+            Fail(u"Too many arguments");
+        }
         PrintStatement::Item item;
         if (TakeSymbol(u";")) {
             item.kind = Kind::Semicolon;

@@ -8,6 +8,19 @@ namespace tv::macro {
 
 namespace {
 
+struct StrayEnd
+{
+    std::u16string_view folded;
+    std::u16string_view message;
+};
+
+/// The words behind End of blocks within procedures.
+constexpr StrayEnd kStrayEnds[] = {
+    {u"if", u"End If without block If"},
+    {u"select", u"End Select without Select Case"},
+    {u"with", u"End With without With"},
+};
+
 /// Words that end a block. Where one stands without its block it is named in the message.
 struct StrayWord
 {
@@ -38,6 +51,11 @@ bool Parser::AtCloser(std::initializer_list<std::u16string_view> closers) const
     if (pendingNext > 0) {
         return true;
     }
+    // The end of the procedure ends its blocks, complete or not.
+    if (IsWord(u"end") &&
+        (IsWord(Ahead(1), u"sub") || IsWord(Ahead(1), u"function") || IsWord(Ahead(1), u"property"))) {
+        return true;
+    }
     for (std::u16string_view closer : closers) {
         if (IsWord(closer) && (closer != u"end" || Ahead(1).kind == TokenKind::Name)) {
             return true;
@@ -54,6 +72,7 @@ Block Parser::ParseBlock(std::initializer_list<std::u16string_view> closers)
         size_t before = 0;
         do {
             SkipLineEnds();
+            SkipAttribute();
             before = at;
             ParseLineStart(block);
         } while (at != before);
@@ -66,6 +85,17 @@ Block Parser::ParseBlock(std::initializer_list<std::u16string_view> closers)
             return block;
         }
         ExpectEndOfStatement();
+    }
+}
+
+/// A line of an exported module that is no part of the program.
+void Parser::SkipAttribute()
+{
+    if (Current().startsLine && IsWord(u"attribute") && Ahead(1).kind == TokenKind::Name) {
+        while (!AtEndOfLine()) {
+            ++at;
+        }
+        SkipLineEnds();
     }
 }
 
@@ -232,9 +262,10 @@ StatementBody Parser::ParseStatementBody()
         return ParseLock(IsWord(u"unlock"));
     }
     if (IsWord(u"end")) {
-        if (Ahead(1).kind == TokenKind::Name) {
+        FailAtStrayEnd();
+        if (Ahead(1).kind == TokenKind::Name && !IsWord(Ahead(1), u"else")) {
             ++at;
-            Fail(u"End " + Current().text + u" without its block");
+            Expected(u"end of statement");
         }
         ++at;
         return EndStatement{};
@@ -259,8 +290,33 @@ StatementBody Parser::ParseStatementBody()
     return ParseCallOrLet();
 }
 
+void Parser::FailAtStrayEnd() const
+{
+    for (const StrayEnd& stray : kStrayEnds) {
+        if (IsWord(u"end") && IsWord(Ahead(1), stray.folded)) {
+            Fail(std::u16string(stray.message));
+        }
+    }
+}
+
+/// What belongs outside of procedures means that the end of this one is missing.
+void Parser::FailAtModuleWord() const
+{
+    for (std::u16string_view word : {u"public", u"private", u"global"}) {
+        if (IsWord(word)) {
+            Fail(u"Invalid attribute in Sub or Function");
+        }
+    }
+    for (std::u16string_view word : {u"sub", u"function", u"declare", u"enum", u"type", u"option"}) {
+        if (IsWord(word)) {
+            Expected(u"End " + std::u16string(procedureWord));
+        }
+    }
+}
+
 StatementBody Parser::ParseCallOrLet()
 {
+    FailAtModuleWord();
     ExpressionPtr target = ParseCallTarget();
     if (target->kind == ExpressionKind::Literal || target->kind == ExpressionKind::Parenthesized) {
         throw CompileFailure{target->at, u"Expected: statement"};

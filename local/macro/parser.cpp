@@ -447,8 +447,10 @@ void Parser::ParseProcedure(ModuleSyntax& module, bool isStatic)
     bool isProperty = procedure.kind >= ProcedureKind::PropertyGet;
     std::u16string_view folded = isProperty ? u"property" : hasResult ? u"function" : u"sub";
     std::u16string_view shown = isProperty ? u"Property" : hasResult ? u"Function" : u"Sub";
+    procedureWord = shown;
     procedure.body = ParseBlock({u"end"});
     procedure.end = Here();
+    FailAtStrayEnd();
     ExpectEnd(folded, shown);
     module.procedures.push_back(std::move(procedure));
 }

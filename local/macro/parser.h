@@ -61,6 +61,7 @@ private:
     /// Statements up to one of the closing words, which isn't taken.
     Block ParseBlock(std::initializer_list<std::u16string_view> closers);
     bool AtCloser(std::initializer_list<std::u16string_view> closers) const;
+    void SkipAttribute();
     void ParseLineStart(Block& block);
     Statement ParseStatement();
     StatementBody ParseStatementBody();
@@ -92,6 +93,8 @@ private:
     StatementBody ParseName();
     StatementBody ParseMid();
     StatementBody ParseCallOrLet();
+    void FailAtStrayEnd() const;
+    void FailAtModuleWord() const;
     ExpressionPtr ParseFileNumber();
     std::u16string ParseLabel();
     /// Closes a block that ends with `End <word>`.
@@ -116,6 +119,9 @@ private:
     bool ParenthesisContinuesTarget() const;
     ExpressionPtr Make(ExpressionKind kind) const { return std::make_unique<Expression>(kind, Here()); }
 
+    /// An instruction counts its values with sixteen bits.
+    static constexpr size_t kMostArguments = 10000;
+
     struct DepthGuard
     {
         explicit DepthGuard(Parser& owner);
@@ -128,6 +134,8 @@ private:
     int depth = 0;
     /// Loops that a `Next i, j` still has to close.
     int pendingNext = 0;
+    /// What ends the procedure: Sub, Function or Property.
+    std::u16string_view procedureWord = u"Sub";
     /// Folded names of the variables of the For loops around, the innermost last.
     std::vector<std::u16string> forVariables;
     std::array<Type, 26> letterTypes = EveryLetter(Type::Variant);

@@ -1,0 +1,5 @@
+' A character that means nothing is told.
+'? 4:9 Invalid character
+Sub main()
+    x = @
+End Sub

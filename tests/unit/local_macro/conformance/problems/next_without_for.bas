@@ -1,0 +1,5 @@
+' Next needs For.
+'? 4:5 Next without For
+Sub main()
+    Next
+End Sub

@@ -1,0 +1,6 @@
+' Wend can't close a Do.
+'? 5:5 Wend without While
+Sub main()
+    Do
+    Wend
+End Sub
