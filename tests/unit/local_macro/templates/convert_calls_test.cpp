@@ -191,6 +191,16 @@ Extension.SaveAs "C:\Out\plan_B2.stl", 0, 1, Nothing, 0, 0
 )"));
 }
 
+TEST(ConvertCalls, ASingleSheetThatMatchesThePatternIsSaved)
+{
+    ConvertWorld world;
+    world.Variables().SetInt(u"OutputSheets", 8);
+    world.Variables().SetText(u"NamedSheet", u"B");
+    world.cad.documents[u"C:\\Vault\\plan.drw"] = {kScriptedDrawing, {}, {u"A", u"B", u"C"}};
+    world.Run(u"C:\\Vault\\plan.drw");
+    EXPECT_EQ(world.Calls("Extension"), "Extension.SaveAs \"C:\\Out\\plan_B.stl\", 0, 1, Nothing, 0, 0\n");
+}
+
 TEST(ConvertCalls, AllMatchingThePatternAreSavedWhenNoneIsLeftOut)
 {
     ConvertWorld world;
@@ -314,10 +324,17 @@ TEST(ConvertCalls, AFileOfAllNeverGetsANumber)
 {
     ConvertWorld world;
     world.Variables().SetText(u"OutputPath", u"C:\\Out\\<Filename>");
+    world.Variables().SetText(u"OutputPath2", u"C:\\Copy\\<Filename>");
+    world.Variables().SetInt(u"FileSheets", 2);
     world.Variables().SetInt(u"FileConfs", 2);
     world.cad.documents[u"C:\\Vault\\Part.prt"] = {kScriptedPart, {u"A", u"B"}};
+    world.cad.documents[u"C:\\Vault\\Plan.drw"] = {kScriptedDrawing, {}, {u"A", u"B"}};
     world.Run(u"C:\\Vault\\Part.prt");
-    EXPECT_EQ(world.Calls("Extension"), "Extension.SaveAs \"C:\\Out\\Part.stl\", 0, 1, Nothing, 0, 0\n");
+    world.Run(u"C:\\Vault\\Plan.drw");
+    EXPECT_EQ(world.Calls("Extension"), "Extension.SaveAs \"C:\\Out\\Part.stl\", 0, 1, Nothing, 0, 0\n"
+                                        "Extension.SaveAs \"C:\\Copy\\Part.stl\", 0, 1, Nothing, 0, 0\n"
+                                        "Extension.SaveAs \"C:\\Out\\Plan.stl\", 0, 1, Nothing, 0, 0\n"
+                                        "Extension.SaveAs \"C:\\Copy\\Plan.stl\", 0, 1, Nothing, 0, 0\n");
 }
 
 TEST(ConvertCalls, NumbersTellFilesApartWhenThePathHasNoConfiguration)
@@ -343,12 +360,59 @@ TEST(ConvertCalls, ASingleConfigurationNeedsNoNumber)
 
 TEST(ConvertCalls, NothingIsSavedWhenNoFileNumberIsSet)
 {
+    for (int32_t number : {0, 1}) {
+        ConvertWorld world;
+        world.Variables().SetInt(u"FileSheets", number);
+        world.Variables().SetInt(u"FileConfs", number);
+        world.cad.documents[u"C:\\Vault\\part.prt"] = {};
+        world.cad.documents[u"C:\\Vault\\plan.drw"] = {kScriptedDrawing, {}, {u"A"}};
+        world.Run(u"C:\\Vault\\part.prt");
+        world.Run(u"C:\\Vault\\plan.drw");
+        EXPECT_EQ(world.Calls("Extension"), "") << number;
+        EXPECT_EQ(world.Log(), "(none)") << number;
+    }
+}
+
+TEST(ConvertCalls, TheBitThatAUserMayChangeTheChoiceChangesNothingElse)
+{
     ConvertWorld world;
-    world.Variables().SetInt(u"FileConfs", 1);
+    world.Variables().SetInt(u"FileSheets", 1 + 2);
+    world.Variables().SetInt(u"FileConfs", 1 + 2);
+    world.Variables().SetInt(u"OutputSheets", 1 + 2);
+    world.Variables().SetInt(u"OutputConfs", 1 + 2);
     world.cad.documents[u"C:\\Vault\\part.prt"] = {};
+    world.cad.documents[u"C:\\Vault\\plan.drw"] = {kScriptedDrawing, {}, {u"A"}};
     world.Run(u"C:\\Vault\\part.prt");
-    EXPECT_EQ(world.Calls("Extension"), "");
-    EXPECT_EQ(world.Log(), "(none)");
+    world.Run(u"C:\\Vault\\plan.drw");
+    EXPECT_EQ(world.Calls("Extension"), "Extension.SaveAs \"C:\\Out\\part_All.stl\", 0, 1, Nothing, 0, 0\n"
+                                        "Extension.SaveAs \"C:\\Out\\plan_All.stl\", 0, 1, Nothing, 0, 0\n");
+}
+
+TEST(ConvertCalls, TheExtensionOfTheSourceStandsInThePath)
+{
+    ConvertWorld world;
+    world.Variables().SetText(u"OutputPath", u"C:\\<Extension>\\<Filename>_<Extension>");
+    world.cad.documents[u"C:\\Vault\\part.v2.tvnprt"] = {};
+    world.Run(u"C:\\Vault\\part.v2.tvnprt");
+    EXPECT_EQ(world.Calls("Extension"), "Extension.SaveAs \"C:\\tvnprt\\part.v2_tvnprt.stl\", 0, 1, Nothing, 0, 0\n");
+}
+
+TEST(ConvertCalls, APdfFormatInCapitalsStillHasItsSheets)
+{
+    ConvertWorld world;
+    world.Variables().SetText(u"FileFormat", u"Adobe PDF (*.PDF)");
+    world.cad.documents[u"C:\\Vault\\plan.drw"] = {kScriptedDrawing, {}, {u"A", u"B"}};
+    world.Run(u"C:\\Vault\\plan.drw");
+    world.Variables().SetInt(u"FileSheets", 2);
+    world.Run(u"C:\\Vault\\plan.drw");
+    EXPECT_EQ(world.Calls("ExportPdfData") + world.Calls("Extension"), Lines(R"(
+ExportPdfData.SetSheets 3, "A"
+ExportPdfData.SetSheets 3, "B"
+ExportPdfData.SetSheets 3, ["A", "B"]
+Extension.SaveAs "C:\Out\plan_A.PDF", 0, 1, ExportPdfData, 0, 0
+Extension.SaveAs "C:\Out\plan_B.PDF", 0, 1, ExportPdfData, 0, 0
+Extension.SaveAs "C:\Out\plan_All.PDF", 0, 1, ExportPdfData, 0, 0
+)"));
 }
 
 TEST(ConvertCalls, TheSecondOutputOfASheetKeepsTheSheetOfTheFirst)

@@ -68,6 +68,14 @@ TEST(ConvertDocuments, TheSelectionOfOneZephrinFileFollowsTheChoiceOfItems)
          "SetUserPreferenceStringListValue tvZephrinSelectionList, \"One\nOnto\"\n"},
         {u"C:\\V\\a.drw", 3, 2 + 4 + 8, "SetUserPreferenceIntegerValue tvZephrinSaveAsSelectionOption, 72\n"},
         {u"C:\\V\\a.prt", 1, 4 + 8, "SetUserPreferenceIntegerValue tvZephrinSaveAsSelectionOption, 71\n"},
+        {u"C:\\V\\a.drw", 3, 1 + 4, "SetUserPreferenceIntegerValue tvZephrinSaveAsSelectionOption, 71\n"},
+        {u"C:\\V\\a.prt", 1, 1 + 4, "SetUserPreferenceIntegerValue tvZephrinSaveAsSelectionOption, 71\n"},
+        {u"C:\\V\\a.drw", 3, 1 + 8,
+         "SetUserPreferenceIntegerValue tvZephrinSaveAsSelectionOption, 73\n"
+         "SetUserPreferenceStringListValue tvZephrinSelectionList, \"One\nOnto\"\n"},
+        {u"C:\\V\\a.prt", 1, 1 + 8,
+         "SetUserPreferenceIntegerValue tvZephrinSaveAsSelectionOption, 73\n"
+         "SetUserPreferenceStringListValue tvZephrinSelectionList, \"One\nOnto\"\n"},
     };
     for (const Row& row : rows) {
         ConvertWorld world;
@@ -80,8 +88,9 @@ TEST(ConvertDocuments, TheSelectionOfOneZephrinFileFollowsTheChoiceOfItems)
         const std::vector<std::u16string> names = {u"One", u"Two", u"Onto"};
         world.cad.documents[row.path] = {row.type, names, names};
         world.Run(row.path);
-        std::string calls = world.Calls("Torvane.SetUserPreferenceIntegerValue") +
-                            world.Calls("Torvane.SetUserPreferenceStringListValue");
+        // What follows the toggles of the format.
+        std::string calls = world.Calls("Torvane.SetUserPreference");
+        calls.erase(0, calls.find('\n', calls.rfind("SetUserPreferenceToggle")) + 1);
         for (size_t at = calls.find("Torvane."); at != std::string::npos; at = calls.find("Torvane.")) {
             calls.erase(at, 8);
         }
@@ -154,6 +163,27 @@ Torvane.SetUserPreferenceIntegerValue tvZephrinSaveAsSelectionOption, 71
 Torvane.SetUserPreferenceIntegerValue tvZephrinSaveAsSelectionOption, 71
 Extension.SaveAs "C:\Out\plan_One.zdrw", 0, 1, Nothing, 0, 0
 Extension.SaveAs "C:\Out\plan_Two.zdrw", 0, 1, Nothing, 0, 0
+)"));
+}
+
+TEST(ConvertDocuments, AFormatInCapitalsHasTheSameSelection)
+{
+    ConvertWorld world;
+    world.Variables().SetText(u"FileFormat", u"Zephrin (*.ZPRT; *.ZASM; *.ZDRW)");
+    world.cad.documents[u"C:\\V\\plan.drw"] = {kScriptedDrawing, {}, {u"One"}};
+    world.cad.documents[u"C:\\V\\part.prt"] = {};
+    world.cad.documents[u"C:\\V\\top.asm"] = {kScriptedAssembly};
+    world.Run(u"C:\\V\\plan.drw");
+    world.Variables().SetInt(u"FileSheets", 2);
+    world.Variables().SetInt(u"FileConfs", 2);
+    world.Run(u"C:\\V\\plan.drw");
+    world.Run(u"C:\\V\\part.prt");
+    world.Run(u"C:\\V\\top.asm");
+    EXPECT_EQ(world.Calls("Torvane.SetUserPreferenceIntegerValue"), Lines(R"(
+Torvane.SetUserPreferenceIntegerValue tvZephrinSaveAsSelectionOption, 71
+Torvane.SetUserPreferenceIntegerValue tvZephrinSaveAsSelectionOption, 72
+Torvane.SetUserPreferenceIntegerValue tvZephrinSaveAsSelectionOption, 72
+Torvane.SetUserPreferenceIntegerValue tvZephrinSaveAsSelectionOption, 72
 )"));
 }
 
@@ -312,6 +342,8 @@ TEST(ConvertDocuments, TheApplicationIsKeptInvisibleFromRevision18On)
         {u"18.0.0", "Frame.KeepInVisible = True\n"},
         {u"19.1", "Frame.KeepInVisible = True\n"},
         {u"32.0.1", "Frame.KeepInVisible = True\n"},
+        // Two characters are read, not the whole number.
+        {u"100.0", ""},
     };
     for (const Row& row : rows) {
         ConvertWorld world;

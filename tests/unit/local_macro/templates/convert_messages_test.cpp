@@ -138,16 +138,45 @@ TEST_F(ConvertMessages, AConfigurationWithForeignObjects)
                   kOleMessage);
 }
 
-TEST_F(ConvertMessages, ForeignObjectsAreToldOnlyWithBothBits)
+/// All bits but the one that counts stand in for the missing one.
+TEST_F(ConvertMessages, ForeignObjectsOfASheetAreToldOnlyWithBothBits)
 {
-    world.cad.saves[u"C:\\Out\\p_A.stl"] = {false, 4096, 2};
-    world.cad.saves[u"C:\\Out\\p_B.stl"] = {false, 1, 512};
+    world.Variables().SetText(u"OutputPath2", u"C:\\O2\\<Filename>_<Configuration>");
+    world.cad.saves[u"C:\\Out\\d_A.stl"] = {false, 4096, 0xFFFF - 512};
+    world.cad.saves[u"C:\\Out\\d_B.stl"] = {false, 0xFFFF - 4096, 512};
+    world.cad.saves[u"C:\\O2\\d_A.stl"] = {false, 4096, 0xFFFF - 512};
+    world.cad.saves[u"C:\\O2\\d_B.stl"] = {false, 0xFFFF - 4096, 512};
+    world.Run(u"C:\\V\\d.drw");
+    EXPECT_EQ(world.Log(),
+              "Method call ModelDocExtension::SaveAs for document 'C:\\Out\\d_A.stl' and sheet 'A' failed. "
+              "Error code 4096 returned.\r\n"
+              "Method call ModelDocExtension::SaveAs for document 'C:\\O2\\d_A.stl' and sheet 'A' failed. "
+              "Error code 4096 returned.\r\n"
+              "Method call ModelDocExtension::SaveAs for document 'C:\\Out\\d_B.stl' and sheet 'B' failed. "
+              "Error code 61439 returned.\r\n"
+              "Method call ModelDocExtension::SaveAs for document 'C:\\O2\\d_B.stl' and sheet 'B' failed. "
+              "Error code 61439 returned.\r\n");
+}
+
+TEST_F(ConvertMessages, ForeignObjectsOfAConfigurationAreToldOnlyWithBothBits)
+{
+    world.Variables().SetText(u"OutputPath2", u"C:\\O2\\<Filename>_<Configuration>");
+    world.cad.saves[u"C:\\Out\\p_A.stl"] = {false, 4096, 0xFFFF - 512};
+    world.cad.saves[u"C:\\Out\\p_B.stl"] = {false, 0xFFFF - 4096, 512};
+    world.cad.saves[u"C:\\O2\\p_A.stl"] = {false, 4096, 0xFFFF - 512};
+    world.cad.saves[u"C:\\O2\\p_B.stl"] = {false, 0xFFFF - 4096, 512};
     world.Run(u"C:\\V\\p.prt");
     EXPECT_EQ(world.Log(),
               "Method call ModelDocExtension::SaveAs for document 'C:\\Out\\p_A.stl' and configuration 'A' "
               "failed. Error code 4096 returned.\r\n"
+              "Method call ModelDocExtension::SaveAs for document 'C:\\O2\\p_A.stl' and configuration 'A' "
+              "failed. Error code 4096 returned.\r\n"
+              "warnings1 = 65023\r\n"
               "Method call ModelDocExtension::SaveAs for document 'C:\\Out\\p_B.stl' and configuration 'B' "
-              "failed. Error code 1 returned.\r\n");
+              "failed. Error code 61439 returned.\r\n"
+              "Method call ModelDocExtension::SaveAs for document 'C:\\O2\\p_B.stl' and configuration 'B' "
+              "failed. Error code 61439 returned.\r\n"
+              "warnings1 = 512\r\n");
 }
 
 TEST_F(ConvertMessages, TheSecondOutputOfASheetHasNoLineOfWarnings)
@@ -202,12 +231,16 @@ TEST_F(ConvertMessages, NoConfigurationMatchesThePattern)
 
 TEST_F(ConvertMessages, NoChoiceOfItemsReadsLikeNoMatch)
 {
-    world.Variables().SetInt(u"OutputSheets", 1);
-    world.Variables().SetInt(u"OutputConfs", 0);
-    world.Run(u"C:\\V\\d.drw");
-    world.Run(u"C:\\V\\p.prt");
-    EXPECT_EQ(world.Log(), "Document 'C:\\V\\d.drw' didn't contain any sheets named '*'.\r\n"
-                           "Document 'C:\\V\\p.prt' didn't contain any configurations named '*'.\r\n");
+    for (int32_t number : {0, 1}) {
+        world.host.files.Put(u"C:\\Vault\\Logs\\{guid}.log", "");
+        world.Variables().SetInt(u"OutputSheets", number);
+        world.Variables().SetInt(u"OutputConfs", number);
+        world.Run(u"C:\\V\\d.drw");
+        world.Run(u"C:\\V\\p.prt");
+        EXPECT_EQ(world.Log(), "Document 'C:\\V\\d.drw' didn't contain any sheets named '*'.\r\n"
+                               "Document 'C:\\V\\p.prt' didn't contain any configurations named '*'.\r\n")
+            << number;
+    }
 }
 
 TEST_F(ConvertMessages, AllSheetsInOneFileAreNotSaved)

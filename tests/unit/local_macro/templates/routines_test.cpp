@@ -179,6 +179,7 @@ TEST(ConvertRoutines, GetExtensionReadsTheBracketsOfAFormat)
         {u"1", u"Blanks ( *.pdf )", ".pdf"},
         {u"1", u"First (*.one) second (*.two)", ".one"},
         {u"1", u"Nothing (*.)", "."},
+        {u"2", u"None first (;*.two)", ".two"},
     };
     for (const Row& row : rows) {
         ConvertWorld world;
