@@ -4,16 +4,40 @@
 
 #include <sqlite3.h>
 
+#include <random>
+#include <thread>
 #include <utility>
 
 namespace tv::local {
 
 namespace {
 
-constexpr int kBusyTimeoutMs = 15000;
+constexpr auto kLongestWait = std::chrono::seconds(15);
+constexpr auto kLongestPause = std::chrono::milliseconds(5);
+
+/// Waits for another writer. The pauses stay short: a transaction takes milliseconds, and whoever pauses long finds
+/// that others were served meanwhile, again and again.
+int WaitForOthers(void* began, int count)
+{
+    static thread_local std::minstd_rand random{std::random_device{}()};
+    auto& start = *static_cast<std::chrono::steady_clock::time_point*>(began);
+    const auto now = std::chrono::steady_clock::now();
+    if (count == 0) {
+        start = now;
+    }
+    if (now - start > kLongestWait) {
+        return 0;
+    }
+    const auto longest = std::chrono::microseconds(kLongestPause).count();
+    std::this_thread::sleep_for(std::chrono::microseconds(longest / 10 + random() % longest));
+    return 1;
+}
 
 [[noreturn]] void FailOn(sqlite3* connection, int code)
 {
+    if (code == SQLITE_BUSY || code == SQLITE_LOCKED) {
+        Fail(kErrorLocked, "Another program has been writing into the vault for too long. Try again when it is done.");
+    }
     const char* reason = connection != nullptr ? sqlite3_errmsg(connection) : sqlite3_errstr(code);
     const Result result = code == SQLITE_FULL ? kErrorDiskFull : kErrorDatabaseAccess;
     Fail(result, std::string("The vault's database refused an operation: ") + reason + ".");
@@ -28,18 +52,50 @@ void Check(sqlite3* connection, int code)
 
 } // namespace
 
-Statement::Statement(sqlite3* owner, std::string_view sql) : connection(owner)
+sqlite3_stmt* StatementCache::Take(sqlite3* connection, std::string_view sql)
 {
+    if (const auto found = resting.find(sql); found != resting.end()) {
+        sqlite3_stmt* statement = found->second;
+        resting.erase(found);
+        return statement;
+    }
+    sqlite3_stmt* statement = nullptr;
     Check(connection, sqlite3_prepare_v2(connection, sql.data(), static_cast<int>(sql.size()), &statement, nullptr));
+    return statement;
 }
 
+void StatementCache::GiveBack(sqlite3_stmt* statement) noexcept
+{
+    sqlite3_reset(statement);
+    sqlite3_clear_bindings(statement);
+    try {
+        resting.emplace(sqlite3_sql(statement), statement);
+    } catch (...) {
+        sqlite3_finalize(statement);
+    }
+}
+
+void StatementCache::Clear()
+{
+    for (const auto& [sql, statement] : resting) {
+        sqlite3_finalize(statement);
+    }
+    resting.clear();
+}
+
+Statement::Statement(sqlite3* owner, StatementCache& statements, std::string_view sql)
+    : connection(owner), cache(statements), statement(cache.Take(connection, sql))
+{}
+
 Statement::Statement(Statement&& other) noexcept
-    : connection(other.connection), statement(std::exchange(other.statement, nullptr))
+    : connection(other.connection), cache(other.cache), statement(std::exchange(other.statement, nullptr))
 {}
 
 Statement::~Statement()
 {
-    sqlite3_finalize(statement);
+    if (statement != nullptr) {
+        cache.GiveBack(statement);
+    }
 }
 
 void Statement::Bind(int index, int64_t number)
@@ -137,7 +193,7 @@ Database::Database(const std::filesystem::path& file, bool create, const Disk& a
         Fail(kErrorDatabaseAccess, "The database '" + TextOf(file) + "' can't be opened: " + reason + ".");
     }
     try {
-        sqlite3_busy_timeout(connection, kBusyTimeoutMs);
+        sqlite3_busy_handler(connection, WaitForOthers, &waitingSince);
         Script("PRAGMA journal_mode=WAL; PRAGMA synchronous=FULL; PRAGMA foreign_keys=ON;");
     } catch (...) {
         sqlite3_close(connection);
@@ -147,6 +203,7 @@ Database::Database(const std::filesystem::path& file, bool create, const Disk& a
 
 Database::~Database()
 {
+    statements->Clear();
     sqlite3_close(connection);
 }
 

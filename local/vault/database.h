@@ -3,7 +3,9 @@
 
 #include "vault/disk.h"
 
+#include <chrono>
 #include <cstdint>
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -18,11 +20,28 @@ namespace tv::local {
 /// A column that holds whatever a stored value holds.
 using ColumnValue = std::variant<std::monostate, int64_t, double, std::string>;
 
-/// One prepared statement with its arguments bound.
+/// Prepared statements at rest, by their text: to prepare one costs more than to run it.
+class StatementCache
+{
+  public:
+    StatementCache() = default;
+    StatementCache(const StatementCache&) = delete;
+    StatementCache& operator=(const StatementCache&) = delete;
+    ~StatementCache() { Clear(); }
+
+    sqlite3_stmt* Take(sqlite3* connection, std::string_view sql);
+    void GiveBack(sqlite3_stmt* statement) noexcept;
+    void Clear();
+
+  private:
+    std::multimap<std::string, sqlite3_stmt*, std::less<>> resting;
+};
+
+/// One prepared statement with its arguments bound. It belongs to its database and ends before it.
 class Statement
 {
   public:
-    Statement(sqlite3* connection, std::string_view sql);
+    Statement(sqlite3* connection, StatementCache& cache, std::string_view sql);
     Statement(Statement&& other) noexcept;
     Statement(const Statement&) = delete;
     Statement& operator=(const Statement&) = delete;
@@ -32,6 +51,7 @@ class Statement
     void Bind(int index, int64_t number);
     void Bind(int index, double number);
     void Bind(int index, std::string_view text);
+    void Bind(int index, const std::string& text) { Bind(index, std::string_view(text)); }
     void Bind(int index, std::nullopt_t);
     void Bind(int index, const ColumnValue& value);
     template <typename Type> void Bind(int index, const std::optional<Type>& value)
@@ -52,6 +72,7 @@ class Statement
 
   private:
     sqlite3* connection;
+    StatementCache& cache;
     sqlite3_stmt* statement = nullptr;
 };
 
@@ -66,7 +87,7 @@ class Database
 
     template <typename... Arguments> Statement Query(std::string_view sql, const Arguments&... arguments)
     {
-        Statement statement(connection, sql);
+        Statement statement(connection, *statements, sql);
         int index = 0;
         (statement.Bind(++index, arguments), ...);
         return statement;
@@ -92,6 +113,8 @@ class Database
 
     const Disk& disk;
     sqlite3* connection = nullptr;
+    std::chrono::steady_clock::time_point waitingSince;
+    std::unique_ptr<StatementCache> statements = std::make_unique<StatementCache>();
 };
 
 /// Everything between its birth and Commit takes place whole or not at all. Writers of other processes wait.

@@ -147,15 +147,6 @@ class RawFile
     int handle;
 };
 
-void FlushFolder(const fs::path& folder)
-{
-    const int handle = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (handle >= 0) {
-        ::fsync(handle);
-        ::close(handle);
-    }
-}
-
 #endif
 
 } // namespace
@@ -291,6 +282,12 @@ ContentInfo Disk::CopyFlushed(const fs::path& from, const fs::path& to) const
 
 void Disk::Replace(const fs::path& from, const fs::path& to) const
 {
+    Rename(from, to);
+    FlushFolder(to.parent_path());
+}
+
+void Disk::Rename(const fs::path& from, const fs::path& to) const
+{
 #ifdef _WIN32
     if (IsReadOnly(to)) {
         SetReadOnly(to, false);
@@ -304,7 +301,21 @@ void Disk::Replace(const fs::path& from, const fs::path& to) const
     if (::rename(from.c_str(), to.c_str()) != 0) {
         FailOn("Writing", to, errno);
     }
-    FlushFolder(to.parent_path());
+#endif
+}
+
+void Disk::FlushFolder(const fs::path& folder) const
+{
+#ifdef _WIN32
+    // Each renaming was written through.
+    (void)folder;
+#else
+    Announce("flush folder");
+    const int handle = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (handle >= 0) {
+        ::fsync(handle);
+        ::close(handle);
+    }
 #endif
 }
 
@@ -322,6 +333,15 @@ void Disk::Remove(const fs::path& path) const
     if (error) {
         Fail(kErrorIo, "Removing '" + TextOf(path) + "' failed: " + error.message() + ".");
     }
+}
+
+TemporaryFile::~TemporaryFile()
+{
+    // What is left over for once is removed when the vault is opened on another day.
+    (void)AtBoundary([&] {
+        disk.Remove(path);
+        return 0;
+    });
 }
 
 } // namespace tv::local

@@ -59,11 +59,31 @@ class Disk
     ContentInfo CopyFlushed(const std::filesystem::path& from, const std::filesystem::path& to) const;
     /// Puts a file in the place of another, or of none, in one step that survives a power loss.
     void Replace(const std::filesystem::path& from, const std::filesystem::path& to) const;
+    /// As Replace, but survives a power loss only from the next FlushFolder on.
+    void Rename(const std::filesystem::path& from, const std::filesystem::path& to) const;
+    /// Has the names in a folder on the disk before it returns.
+    void FlushFolder(const std::filesystem::path& folder) const;
     /// Removes a file, also a read-only one; nothing happens when none is there.
     void Remove(const std::filesystem::path& path) const;
 
   private:
     WriteHook hook;
+};
+
+/// A file that goes at the end, unless it has been renamed into its place.
+class TemporaryFile
+{
+  public:
+    TemporaryFile(const Disk& owner, std::filesystem::path place) : disk(owner), path(std::move(place)) {}
+    TemporaryFile(const TemporaryFile&) = delete;
+    TemporaryFile& operator=(const TemporaryFile&) = delete;
+    ~TemporaryFile();
+
+    const std::filesystem::path& Path() const { return path; }
+
+  private:
+    Disk disk;
+    std::filesystem::path path;
 };
 
 } // namespace tv::local

@@ -65,7 +65,7 @@ class CardReader final : public ComObject<IVyxEnumeratorVariable>
             SafeArray firsts = SafeArray::Vector(VT_VARIANT, static_cast<uint32_t>(cards.size()));
             Fill(cards, objects, firsts);
             if (info != nullptr) {
-                *info = {record->number, NewText(record->revision), NewText(record->state)};
+                *info = {file.latestVersion, NewText(record->revision), NewText(record->state)};
             }
             *variables = objects.release();
             *values = firsts.release();

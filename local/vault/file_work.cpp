@@ -3,6 +3,7 @@
 #include "vault/error_table.h"
 #include "vault/text.h"
 
+#include <map>
 #include <set>
 
 namespace tv::local {
@@ -23,11 +24,6 @@ fs::path FileWork::LocalPathOf(const FileRecord& file) const
     return LocalPath(store->PathOfFile(file));
 }
 
-bool FileWork::IsCheckedOutHere(const FileRecord& file) const
-{
-    return file.checkOut && file.checkOut->holder == store->CurrentUser();
-}
-
 VersionRecord FileWork::RequireVersion(const FileRecord& file, int32_t version)
 {
     const auto record = store->Version(file.id, version > 0 ? version : file.latestVersion);
@@ -39,27 +35,37 @@ VersionRecord FileWork::RequireVersion(const FileRecord& file, int32_t version)
     return *record;
 }
 
+bool FileWork::HoldsVersion(const fs::path& place, const VersionRecord& version) const
+{
+    const auto stamp = Disk::StampOf(place);
+    return stamp && stamp->size == version.size && Disk::Read(place).hash == version.content;
+}
+
+std::shared_ptr<const TemporaryFile> FileWork::CopyOf(const fs::path& from)
+{
+    auto copy = std::make_shared<TemporaryFile>(store->Files(), store->TemporaryPath());
+    store->Files().CopyFlushed(from, copy->Path());
+    return copy;
+}
+
 void FileWork::PutCopy(const fs::path& from, const fs::path& place)
 {
     const Disk& disk = store->Files();
     disk.MakeFolders(place.parent_path());
-    const fs::path temporary = store->TemporaryFile();
-    disk.CopyFlushed(from, temporary);
-    disk.Replace(temporary, place);
+    disk.Replace(CopyOf(from)->Path(), place);
 }
 
 fs::path FileWork::Fetch(const FileRecord& file, int32_t version)
 {
     const fs::path place = LocalPathOf(file);
-    if (IsCheckedOutHere(file) && Disk::IsFile(place)) {
+    if (file.checkOut && Disk::IsFile(place)) {
         return place;
     }
     const VersionRecord wanted = RequireVersion(file, version);
-    const auto stamp = Disk::StampOf(place);
-    if (!stamp || stamp->size != wanted.size || Disk::Read(place).hash != wanted.content) {
+    if (!HoldsVersion(place, wanted)) {
         PutCopy(store->ContentPath(wanted), place);
     }
-    store->Files().SetReadOnly(place, !IsCheckedOutHere(file));
+    store->Files().SetReadOnly(place, !file.checkOut);
     return place;
 }
 
@@ -80,103 +86,179 @@ void FileWork::FetchWithReferences(const FileRecord& first, int32_t version, Ref
     }
 }
 
+AddPlan FileWork::PlanAdd(const AddRequest& request)
+{
+    const std::string name = TextOf(request.from.filename());
+    VaultPath path = request.folder;
+    path.push_back(name);
+    // Asked before the bytes are copied; whether it is still so is asked again where the row is made.
+    if (const auto folder = store->FindFolder(request.folder)) {
+        store->RequireRight(folder->id, Right::Add);
+        if (store->HasFile(folder->id, name)) {
+            Fail(kErrorNameAlreadyExists, "The vault has '" + VaultPathText(path) + "' already.");
+        }
+    }
+    const fs::path place = LocalPath(path);
+    const Disk& disk = store->Files();
+    std::shared_ptr<const TemporaryFile> copy;
+    if (!SameName(TextOf(request.from.lexically_normal()), TextOf(place.lexically_normal()))) {
+        disk.MakeFolders(place.parent_path());
+        copy = CopyOf(request.from);
+    }
+    return {request.folder, name, store->TakeBytes(request.from), [&disk, place, copy] {
+                if (copy) {
+                    disk.Replace(copy->Path(), place);
+                }
+                return Disk::StampOf(place).value_or(FileStamp{});
+            }};
+}
+
+std::vector<AddOutcome> FileWork::AddAll(std::span<const AddRequest> requests)
+{
+    std::vector<AddOutcome> outcomes(requests.size());
+    std::vector<AddPlan> plans;
+    std::vector<size_t> places;
+    for (size_t i = 0; i < requests.size(); ++i) {
+        outcomes[i].outcome = OutcomeOf([&] {
+            plans.push_back(PlanAdd(requests[i]));
+            places.push_back(i);
+        });
+    }
+    if (plans.empty()) {
+        return outcomes;
+    }
+    std::vector<AddOutcome> added = store->AddFiles(plans);
+    for (size_t i = 0; i < added.size(); ++i) {
+        outcomes[places[i]] = std::move(added[i]);
+    }
+    return outcomes;
+}
+
 FileRecord FileWork::Add(const fs::path& from, const FolderRecord& folder)
 {
-    const std::string name = TextOf(from.filename());
-    const fs::path place = LocalPath(store->PathOfFolder(folder.id)) / from.filename();
-    const bool elsewhere = !SameName(TextOf(from.lexically_normal()), TextOf(place.lexically_normal()));
-    if (elsewhere && store->FindFile([&] {
-            VaultPath path = store->PathOfFolder(folder.id);
-            path.push_back(name);
-            return path;
-        }())) {
-        Fail(kErrorNameAlreadyExists, "The vault has '" + name + "' in that folder already.");
+    const AddRequest request{from, store->PathOfFolder(folder.id)};
+    const AddOutcome added = AddAll({&request, 1}).front();
+    if (added.outcome.code != 0) {
+        Fail(added.outcome.code, added.outcome.words);
     }
-    if (elsewhere) {
-        PutCopy(from, place);
-    }
-    const PendingContent content = store->TakeBytes(place);
-    return store->AddFile(folder.id, name, content, Disk::StampOf(place).value_or(FileStamp{}));
+    return *added.file;
 }
 
 void FileWork::CheckOut(int32_t id)
 {
-    const auto file = store->FileById(id);
-    if (!file) {
-        Fail(kErrorFileNotFound, "The vault has no file with the id " + std::to_string(id) + ".");
-    }
-    const fs::path place = LocalPathOf(*file);
-    if (!file->checkOut) {
-        Fetch(*file, 0);
-        store->Files().SetReadOnly(place, false);
-    }
-    try {
-        store->CheckOut(id, Disk::StampOf(place).value_or(FileStamp{}));
-    } catch (const ResultError&) {
-        // Somebody else was faster; the copy isn't ours to write.
-        if (const auto now = store->FileById(id); now && !IsCheckedOutHere(*now) && Disk::IsFile(place)) {
-            store->Files().SetReadOnly(place, true);
-        }
-        throw;
+    for (bool done = false; !done;) {
+        const FileRecord file = store->RequireFile(id);
+        store->RequireCheckOutable(file);
+        const fs::path place = LocalPathOf(file);
+        const VersionRecord latest = RequireVersion(file, 0);
+        const Disk& disk = store->Files();
+        const auto copy = HoldsVersion(place, latest) ? nullptr : CopyOf(store->ContentPath(latest));
+        disk.MakeFolders(place.parent_path());
+        done = store->CheckOut(id, latest.number, [&] {
+            if (copy) {
+                disk.Replace(copy->Path(), place);
+            }
+            disk.SetReadOnly(place, false);
+            return Disk::StampOf(place).value_or(FileStamp{});
+        });
     }
 }
 
 CheckInPlan FileWork::PlanCheckIn(int32_t id)
 {
-    const auto file = store->FileById(id);
-    if (!file) {
-        Fail(kErrorFileNotFound, "The vault has no file with the id " + std::to_string(id) + ".");
-    }
-    store->RequireCheckedOutHere(*file);
-    const fs::path place = LocalPathOf(*file);
+    const FileRecord file = store->RequireFile(id);
+    store->RequireCheckInable(file);
+    const fs::path place = LocalPathOf(file);
     const auto stamp = Disk::StampOf(place);
     if (!stamp) {
         Fail(kErrorFileNotFound, "The local copy '" + TextOf(place) + "' is missing.");
     }
     CheckInPlan plan{id, std::nullopt};
-    const bool untouched = *stamp == file->checkOut->handedOut;
-    const bool isFirst = file->checkOut->fresh;
-    if (isFirst ? Disk::Read(place).hash != RequireVersion(*file, 0).content : !untouched) {
+    const bool untouched = *stamp == file.checkOut->handedOut;
+    const bool isFirst = file.checkOut->fresh;
+    if (isFirst ? !HoldsVersion(place, RequireVersion(file, 0)) : !untouched) {
         plan.content = store->TakeBytes(place);
     }
     return plan;
 }
 
-std::vector<Result> FileWork::CheckIn(std::span<const int32_t> files, std::string_view comment)
+std::vector<Outcome> FileWork::CheckIn(std::span<const int32_t> files, std::string_view comment)
 {
-    std::vector<Result> results;
+    std::vector<Outcome> outcomes(files.size());
     std::vector<CheckInPlan> plans;
-    std::set<int32_t> planned;
-    for (int32_t file : files) {
-        try {
-            if (planned.insert(file).second) {
-                plans.push_back(PlanCheckIn(file));
+    std::map<int32_t, size_t> planned; // the plan of each file; a file named twice has one
+    for (size_t i = 0; i < files.size(); ++i) {
+        outcomes[i] = OutcomeOf([&] {
+            if (!planned.contains(files[i])) {
+                plans.push_back(PlanCheckIn(files[i]));
+                planned[files[i]] = plans.size() - 1;
             }
-            results.push_back(0);
-        } catch (const ResultError& error) {
-            results.push_back(error.Code());
+        });
+    }
+    if (plans.empty()) {
+        return outcomes;
+    }
+    const std::vector<Outcome> done = store->CheckIn(plans, comment);
+    for (size_t i = 0; i < files.size(); ++i) {
+        if (const auto plan = planned.find(files[i]); plan != planned.end()) {
+            outcomes[i] = done[plan->second];
         }
     }
-    store->CheckIn(plans, comment);
     for (const CheckInPlan& plan : plans) {
         // The check-in has happened; a copy that stays writable is put right when it is next fetched.
         (void)AtBoundary([&] {
-            store->Files().SetReadOnly(LocalPathOf(*store->FileById(plan.file)), true);
+            if (const auto file = store->FileById(plan.file); file && !file->checkOut) {
+                store->Files().SetReadOnly(LocalPathOf(*file), true);
+            }
             return 0;
         });
     }
-    return results;
+    return outcomes;
+}
+
+UndoneFile FileWork::UndoCheckOut(int32_t id)
+{
+    const FileRecord file = store->RequireFile(id);
+    store->RequireCheckedOutHere(file);
+    const VaultPath path = store->PathOfFile(file);
+    const fs::path place = LocalPath(path);
+    const Disk& disk = store->Files();
+    std::shared_ptr<const TemporaryFile> copy;
+    if (!file.checkOut->fresh) {
+        const VersionRecord latest = RequireVersion(file, 0);
+        copy = HoldsVersion(place, latest) ? nullptr : CopyOf(store->ContentPath(latest));
+        disk.MakeFolders(place.parent_path());
+    }
+    const bool leftVault = store->UndoCheckOut(id, file.latestVersion, [&] {
+        if (copy) {
+            disk.Replace(copy->Path(), place);
+        }
+        disk.SetReadOnly(place, true);
+    });
+    if (leftVault) {
+        RemoveCopy(path);
+    }
+    return {file, leftVault};
+}
+
+/// Another file may have come to the place since; then the copy is that file's.
+void FileWork::RemoveCopy(const VaultPath& path)
+{
+    store->WhereNoFileIs(path, [&] { store->Files().Remove(LocalPath(path)); });
 }
 
 void FileWork::Delete(int32_t id)
 {
-    const auto file = store->FileById(id);
-    if (!file) {
-        Fail(kErrorFileNotFound, "The vault has no file with the id " + std::to_string(id) + ".");
-    }
-    const fs::path place = LocalPathOf(*file);
+    const VaultPath path = store->PathOfFile(store->RequireFile(id));
     store->RemoveFile(id);
-    store->Files().Remove(place);
+    RemoveCopy(path);
+}
+
+FileRecord FileWork::Restore(int32_t id)
+{
+    const FileRecord file = store->RestoreFile(id);
+    Fetch(file, 0);
+    return file;
 }
 
 ImportedFile FileWork::Import(const fs::path& from, const VaultPath& folderPath, std::string_view comment)
@@ -187,6 +269,11 @@ ImportedFile FileWork::Import(const fs::path& from, const VaultPath& folderPath,
     VaultPath path = folderPath;
     path.push_back(name);
     const auto present = store->FindFile(path);
+    if (present) {
+        store->RequireCheckOutable(*present);
+    } else {
+        store->RequireRight(folder.id, Right::Add);
+    }
     const PendingContent content = store->TakeBytes(from);
     int32_t id = 0;
     if (present) {
@@ -195,7 +282,7 @@ ImportedFile FileWork::Import(const fs::path& from, const VaultPath& folderPath,
     } else {
         id = store->AddFile(folder.id, name, content, std::nullopt, comment).id;
     }
-    const FileRecord file = *store->FileById(id);
+    const FileRecord file = store->RequireFile(id);
     Fetch(file, 0);
     return {file, !present};
 }

@@ -15,14 +15,7 @@ struct VaultContext
 {
     explicit VaultContext(std::shared_ptr<VaultStore> vault) : store(std::move(vault)), files(store) {}
 
-    FileRecord RequireFile(int32_t id)
-    {
-        const auto file = store->FileById(id);
-        if (!file) {
-            Fail(kErrorFileNotFound, "The vault has no file with the id " + std::to_string(id) + ".");
-        }
-        return *file;
-    }
+    FileRecord RequireFile(int32_t id) { return store->RequireFile(id); }
 
     /// Also refuses a folder that the file isn't in.
     FileRecord RequireFileIn(int32_t id, int32_t folder)

@@ -3,7 +3,7 @@
 namespace tv::local {
 
 /// Version of the tables below, kept in the database file.
-inline constexpr int kSchemaVersion = 1;
+inline constexpr int kSchemaVersion = 2;
 
 // Ids are never used twice, so that a file that replaces another of its name is a new file to everybody.
 inline constexpr char kSchema[] = R"sql(
@@ -24,9 +24,20 @@ CREATE TABLE files (
     name TEXT NOT NULL,
     name_key TEXT NOT NULL,
     latest_version INTEGER NOT NULL,
-    UNIQUE (folder, name_key)
+    deleted_at TEXT,
+    deleted_by TEXT,
+    deleted_on TEXT
 );
-CREATE INDEX files_by_name ON files (name_key);
+CREATE UNIQUE INDEX files_by_folder ON files (folder, name_key) WHERE deleted_at IS NULL;
+CREATE INDEX files_by_name ON files (name_key) WHERE deleted_at IS NULL;
+CREATE INDEX files_deleted ON files (folder, name_key, deleted_at) WHERE deleted_at IS NOT NULL;
+CREATE TABLE permissions (
+    folder INTEGER NOT NULL REFERENCES folders (id) ON DELETE CASCADE,
+    user TEXT NOT NULL,
+    user_key TEXT NOT NULL,
+    rights INTEGER NOT NULL,
+    PRIMARY KEY (folder, user_key)
+) WITHOUT ROWID;
 CREATE TABLE versions (
     file INTEGER NOT NULL REFERENCES files (id) ON DELETE CASCADE,
     number INTEGER NOT NULL,
@@ -69,6 +80,7 @@ CREATE TABLE file_references (
     source_version INTEGER NOT NULL,
     PRIMARY KEY (parent, parent_version, source)
 ) WITHOUT ROWID;
+CREATE INDEX file_references_by_source ON file_references (source);
 CREATE TABLE variable_names (
     id INTEGER PRIMARY KEY AUTOINCREMENT,
     name TEXT NOT NULL UNIQUE
@@ -138,6 +150,39 @@ CREATE TABLE instance_documents (
     version INTEGER NOT NULL,
     PRIMARY KEY (instance, position)
 ) WITHOUT ROWID;
+)sql";
+
+// From version 1, where a deleted file was gone at once and everything was permitted. The table of files is made anew,
+// because its names were unique even among deleted files. The count of ids goes along: an id of a file that is gone
+// must not come back.
+inline constexpr char kMigrationTo2[] = R"sql(
+CREATE TABLE files_2 (
+    id INTEGER PRIMARY KEY AUTOINCREMENT,
+    folder INTEGER NOT NULL REFERENCES folders (id),
+    name TEXT NOT NULL,
+    name_key TEXT NOT NULL,
+    latest_version INTEGER NOT NULL,
+    deleted_at TEXT,
+    deleted_by TEXT,
+    deleted_on TEXT
+);
+INSERT INTO files_2 (id, folder, name, name_key, latest_version)
+    SELECT id, folder, name, name_key, latest_version FROM files;
+DELETE FROM sqlite_sequence WHERE name = 'files_2';
+INSERT INTO sqlite_sequence (name, seq) SELECT 'files_2', seq FROM sqlite_sequence WHERE name = 'files';
+DROP TABLE files;
+ALTER TABLE files_2 RENAME TO files;
+CREATE UNIQUE INDEX files_by_folder ON files (folder, name_key) WHERE deleted_at IS NULL;
+CREATE INDEX files_by_name ON files (name_key) WHERE deleted_at IS NULL;
+CREATE INDEX files_deleted ON files (folder, name_key, deleted_at) WHERE deleted_at IS NOT NULL;
+CREATE TABLE permissions (
+    folder INTEGER NOT NULL REFERENCES folders (id) ON DELETE CASCADE,
+    user TEXT NOT NULL,
+    user_key TEXT NOT NULL,
+    rights INTEGER NOT NULL,
+    PRIMARY KEY (folder, user_key)
+) WITHOUT ROWID;
+CREATE INDEX file_references_by_source ON file_references (source);
 )sql";
 
 } // namespace tv::local

@@ -56,18 +56,24 @@ class BatchList final : public ComObject<IVyxBatchList>
   public:
     explicit BatchList(Context shared) : context(std::move(shared)) {}
 
-    Result TV_CALL AddFile(const VARIANT* path, int32_t, int32_t, int32_t) override
+    Result TV_CALL AddFile(const VARIANT* path, int32_t reserved1, int32_t reserved2, int32_t reserved3) override
     {
         return AtBoundary([&] {
             RequirePointer(path);
+            if (reserved1 != 0 || reserved2 != 0 || reserved3 != 0) {
+                Fail(E_INVALIDARG, "This vault knows no flags for a file of a list; they must be 0.");
+            }
             paths.push_back(Utf8(Variant::Copy(*path).ToText()));
             return 0;
         });
     }
 
-    Result TV_CALL CreateList(const char16_t*, SAFEARRAY** files) override
+    Result TV_CALL CreateList(const char16_t* columns, SAFEARRAY** files) override
     {
         return AtBoundary([&] {
+            if (!TextArgument(columns).empty()) {
+                Fail(kErrorInvalidQuery, "This vault lists files by id and latest version; the columns must be empty.");
+            }
             records.clear();
             for (const std::string& path : paths) {
                 const auto place = BelowRoot(context->store->Root(), path);
@@ -128,11 +134,12 @@ class BatchAdd final : public ComObject<IVyxBatchAdd>
     {
         return AtBoundary([&] {
             RequirePointer(results);
+            const std::vector<AddOutcome> outcomes = context->files.AddAll(queue);
             SafeArray array = MakeRecordArray(VyxAddResult::kLayout, static_cast<uint32_t>(queue.size()));
             {
                 const SafeArrayView<VyxAddResult> view(array.get());
                 for (size_t i = 0; i < queue.size(); ++i) {
-                    AddOne(queue[i], view[i]);
+                    Fill(view[i], queue[i], outcomes[i]);
                 }
             }
             if (count != nullptr) {
@@ -145,26 +152,19 @@ class BatchAdd final : public ComObject<IVyxBatchAdd>
     }
 
   private:
-    struct Queued
+    void Fill(VyxAddResult& result, const AddRequest& request, const AddOutcome& added) const
     {
-        std::filesystem::path from;
-        VaultPath folder;
-    };
-
-    void AddOne(const Queued& queued, VyxAddResult& result)
-    {
-        const auto place = context->files.LocalPath(queued.folder) / queued.from.filename();
+        const auto place = context->files.LocalPath(request.folder) / request.from.filename();
         result.path = NewText(std::string_view(TextOf(place)));
-        result.result = AtBoundary([&] {
-            const FileRecord file = context->files.Add(queued.from, context->store->MakeFolder(queued.folder));
-            result.fileId = file.id;
-            result.folderId = file.folder;
-            return 0;
-        });
+        result.result = added.outcome.code;
+        if (added.file) {
+            result.fileId = added.file->id;
+            result.folderId = added.file->folder;
+        }
     }
 
     Context context;
-    std::vector<Queued> queue;
+    std::vector<AddRequest> queue;
 };
 
 class BatchUnlock final : public ComObject<IVyxBatchUnlock>
@@ -216,8 +216,8 @@ class BatchUnlock final : public ComObject<IVyxBatchUnlock>
                 note(known);
             }
             selection.clear();
-            for (Result result : context->files.CheckIn(files, comment)) {
-                note(result);
+            for (const Outcome& outcome : context->files.CheckIn(files, comment)) {
+                note(outcome.code);
             }
             return first;
         });
@@ -234,32 +234,42 @@ class BatchUpdate final : public ComObject<IVyxBatchUpdate>
   public:
     explicit BatchUpdate(Context shared) : context(std::move(shared)) {}
 
-    Result TV_CALL SetCardValue(int32_t fileId, int32_t variableId, const VARIANT* value, int32_t, int32_t) override
+    /// The value is the one that counts for all configurations.
+    Result TV_CALL SetCardValue(int32_t fileId, int32_t variableId, const VARIANT* value, int32_t reservedConfiguration,
+                                int32_t flags) override
     {
         return AtBoundary([&] {
             RequirePointer(value);
+            if (reservedConfiguration != 0 || (flags & ~kKnownFlags) != 0) {
+                Fail(E_INVALIDARG, "A card value takes the configuration 0 and the flags 0 or 1.");
+            }
             writes.push_back({fileId, variableId, {}, StoredValue::FromVariant(*value)});
             return 0;
         });
     }
 
-    /// A value for a variable that the vault no longer has is left out and told in `errors`, one code for each such
-    /// value; it doesn't keep the others from being written. A file that isn't in the vault fails the commit.
+    /// A value that is refused is left out and told in `errors`, one code for each such value; it doesn't keep the
+    /// others from being written. A variable that the vault no longer has is no more than that; any other refusal is
+    /// the result as well.
     Result TV_CALL CommitUpdate(SAFEARRAY** errors, int32_t) override
     {
         return AtBoundary([&] {
             std::vector<Result> refused = context->store->WriteCards(writes);
             writes.clear();
             std::erase(refused, 0);
-            const bool fileMissing = std::find(refused.begin(), refused.end(), kErrorFileNotFound) != refused.end();
+            const auto failure = std::find_if(refused.begin(), refused.end(),
+                                              [](Result code) { return code != kErrorVariableNotFound; });
+            const Result result = failure != refused.end() ? *failure : Result{0};
             if (errors != nullptr) {
                 *errors = refused.empty() ? nullptr : ErrorArray(refused).release();
             }
-            return fileMissing ? kErrorFileNotFound : Result{0};
+            return result;
         });
     }
 
   private:
+    static constexpr int32_t kKnownFlags = 1;
+
     static SafeArray ErrorArray(const std::vector<Result>& codes)
     {
         SafeArray array = SafeArray::Vector(VT_I4, static_cast<uint32_t>(codes.size()));
@@ -282,40 +292,46 @@ class BatchRefs final : public ComObject<IVyxBatchRefs>
         return AtBoundary([&] {
             RequirePointer(sources);
             context->RequireFile(parentFileId);
-            Queued queued{parentFileId, {}};
+            ParentReferences queued{parentFileId, {}};
             for (const VyxSelectionPair& pair : SafeArrayView<VyxSelectionPair>(sources)) {
                 context->RequireFileIn(pair.fileId, pair.folderId);
-                queued.sources.push_back({pair.fileId, 0});
+                queued.references.push_back({pair.fileId, 0});
             }
             queue.push_back(std::move(queued));
+            asked = 0;
             return 0;
         });
     }
 
-    /// Writes everything at the first call, so nothing is ever left pending.
-    Result TV_CALL CommitReferences(int32_t, int32_t* stillPending) override
+    /// The first call, with 0, tells how many files are to get references, and writes nothing. The second, with that
+    /// number, writes them all.
+    Result TV_CALL CommitReferences(int32_t pending, int32_t* stillPending) override
     {
         return AtBoundary([&] {
-            for (const Queued& queued : queue) {
-                context->store->AddReferences(queued.parent, queued.sources);
+            RequirePointer(stillPending);
+            if (pending == 0) {
+                for (const ParentReferences& queued : queue) {
+                    context->store->RequireWritable(context->RequireFile(queued.parent));
+                }
+                asked = static_cast<int32_t>(queue.size());
+                *stillPending = asked;
+                return 0;
             }
+            if (pending != asked) {
+                Fail(E_INVALIDARG, "The references were not asked about with this number before.");
+            }
+            context->store->AddReferences(queue);
             queue.clear();
-            if (stillPending != nullptr) {
-                *stillPending = 0;
-            }
+            asked = 0;
+            *stillPending = 0;
             return 0;
         });
     }
 
   private:
-    struct Queued
-    {
-        int32_t parent;
-        std::vector<ReferenceRecord> sources;
-    };
-
     Context context;
-    std::vector<Queued> queue;
+    std::vector<ParentReferences> queue;
+    int32_t asked = 0;
 };
 
 template <typename Interface, typename Utility> ComPtr<IUnknown> Make(const Context& context)

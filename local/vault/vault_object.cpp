@@ -65,6 +65,7 @@ class VaultObject final : public ComObject<IVyxVault, IVyxVariableMgr>
             if (!record) {
                 return 1;
             }
+            context->store->RequireRight(record->id, Right::Read);
             *folder = MakeFolderObject(context, record->id).release();
             return 0;
         });
@@ -134,14 +135,12 @@ class VaultObject final : public ComObject<IVyxVault, IVyxVariableMgr>
     {
         return AtBoundary([&] {
             RequirePointer(variable);
-            const int32_t id = Position::Take(position);
-            for (CardVariable& record : context->store->CardVariables()) {
-                if (record.id == id) {
-                    *variable = MakeObject<CardVariableObject>(std::move(record)).release();
-                    return Result{0};
-                }
+            const auto record = context->store->CardVariableById(Position::Take(position));
+            if (!record) {
+                return kErrorVariableNotFound;
             }
-            return kErrorVariableNotFound;
+            *variable = MakeObject<CardVariableObject>(*record).release();
+            return Result{0};
         });
     }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "vault/disk.h"
+#include "vault/permission.h"
 #include "vault/stored_value.h"
 
 #include <cstdint>
@@ -63,10 +64,39 @@ struct VersionRecord
     std::optional<std::string> state;
 };
 
+/// A file that was deleted: it is in no folder any more, and kept with all its versions until it is purged.
+struct DeletedRecord
+{
+    FileRecord file; ///< its folder is the one that it was in
+    Session deletedBy;
+    std::string deletedAt;
+};
+
+/// One row of the table of permissions.
+struct PermissionRecord
+{
+    int32_t folder = 0;
+    std::string user; ///< or "*"
+    Rights rights;
+};
+
 struct ReferenceRecord
 {
     int32_t sourceFile = 0;
     int32_t sourceVersion = 0; ///< the version that the parent was built with
+};
+
+/// One end of a reference as a person sees it.
+struct ReferenceView
+{
+    /// The file at the other end: the child of a parent or the parent of a child. Its latestVersion is the latest.
+    FileRecord file;
+    /// Version of the child that the parent was built with.
+    int32_t asBuilt = 0;
+    /// Version of the parent that holds the reference.
+    int32_t parentVersion = 0;
+    /// The file at the other end was deleted since.
+    bool deleted = false;
 };
 
 struct CardVariable

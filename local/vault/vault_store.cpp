@@ -4,6 +4,7 @@
 #include "vault/schema.h"
 #include "vault/text.h"
 
+#include <algorithm>
 #include <chrono>
 #include <ctime>
 #include <random>
@@ -70,7 +71,7 @@ FolderRecord ReadFolder(const Statement& row)
 
 constexpr char kFileColumns[] =
     "SELECT f.id, f.folder, f.name, f.latest_version, c.user, c.machine, c.since, c.size, c.modified, c.fresh "
-    "FROM files f LEFT JOIN check_outs c ON c.file = f.id ";
+    "FROM files f LEFT JOIN check_outs c ON c.file = f.id WHERE f.deleted_at IS NULL ";
 
 FileRecord ReadFile(const Statement& row)
 {
@@ -132,8 +133,29 @@ std::shared_ptr<VaultStore> VaultStore::Open(const fs::path& givenRoot, StoreOpt
     if (version > kSchemaVersion) {
         Fail(kErrorVersionMismatch, "The vault in '" + TextOf(root) + "' was made by a later version of this program.");
     }
+    if (version < kSchemaVersion) {
+        store->Migrate();
+    }
     store->RemoveStaleTemporaries();
     return store;
+}
+
+void VaultStore::Migrate()
+{
+    // A table that others refer to can be made anew only while nobody minds the references.
+    database.Script("PRAGMA foreign_keys=OFF");
+    Transaction transaction(database);
+    // Another program may have done it while this one waited.
+    if (SchemaVersionOf(database) == 1) {
+        database.Script(kMigrationTo2);
+        if (database.Query("PRAGMA foreign_key_check").Next()) {
+            Fail(kErrorDatabaseAccess, "The vault in '" + TextOf(root) +
+                                           "' can't be brought to this program's form: its tables don't agree.");
+        }
+        database.Script(("PRAGMA user_version = " + std::to_string(kSchemaVersion)).c_str());
+    }
+    transaction.Commit();
+    database.Script("PRAGMA foreign_keys=ON");
 }
 
 bool VaultStore::Exists(const fs::path& root)
@@ -194,7 +216,7 @@ std::optional<FolderRecord> VaultStore::FolderById(int32_t id)
 
 std::optional<FileRecord> VaultStore::FileIn(int32_t folder, std::string_view name)
 {
-    return FirstFile(database.Query(std::string(kFileColumns) + "WHERE f.folder = ? AND f.name_key = ?", folder,
+    return FirstFile(database.Query(std::string(kFileColumns) + "AND f.folder = ? AND f.name_key = ?", folder,
                                     std::string_view(FoldName(name))));
 }
 
@@ -204,18 +226,52 @@ std::optional<FileRecord> VaultStore::FindFile(const VaultPath& path)
         return std::nullopt;
     }
     const auto folder = FindFolder(VaultPath(path.begin(), path.end() - 1));
-    return folder ? FileIn(folder->id, path.back()) : std::nullopt;
+    if (!folder) {
+        return std::nullopt;
+    }
+    RequireRight(folder->id, Right::Read);
+    return FileIn(folder->id, path.back());
+}
+
+std::optional<FileRecord> VaultStore::FileRow(int32_t id)
+{
+    return FirstFile(database.Query(std::string(kFileColumns) + "AND f.id = ?", id));
 }
 
 std::optional<FileRecord> VaultStore::FileById(int32_t id)
 {
-    return FirstFile(database.Query(std::string(kFileColumns) + "WHERE f.id = ?", id));
+    auto file = FileRow(id);
+    if (file) {
+        RequireRight(file->folder, Right::Read);
+    }
+    return file;
+}
+
+FileRecord VaultStore::RequireRow(int32_t id)
+{
+    if (auto file = FileRow(id)) {
+        return *file;
+    }
+    if (const auto deleted = DeletedFile(id)) {
+        Fail(kErrorFileDeleted, "'" + VaultPathText(PathOfFile(deleted->file)) + "' was deleted by " +
+                                    deleted->deletedBy.user + " at " + deleted->deletedAt + ".");
+    }
+    Fail(kErrorFileNotFound, "The vault has no file with the id " + std::to_string(id) + ".");
+}
+
+FileRecord VaultStore::RequireFile(int32_t id)
+{
+    FileRecord file = RequireRow(id);
+    RequireRight(file.folder, Right::Read);
+    return file;
 }
 
 std::vector<FileRecord> VaultStore::FilesNamed(std::string_view name)
 {
-    return ReadFiles(database.Query(std::string(kFileColumns) + "WHERE f.name_key = ? ORDER BY f.id",
-                                    std::string_view(FoldName(name))));
+    auto files = ReadFiles(database.Query(std::string(kFileColumns) + "AND f.name_key = ? ORDER BY f.id",
+                                          std::string_view(FoldName(name))));
+    std::erase_if(files, [&](const FileRecord& file) { return !RightsIn(file.folder).Has(Right::Read); });
+    return files;
 }
 
 std::vector<FolderRecord> VaultStore::SubFolders(int32_t folder)
@@ -225,12 +281,14 @@ std::vector<FolderRecord> VaultStore::SubFolders(int32_t folder)
     while (rows.Next()) {
         folders.push_back(ReadFolder(rows));
     }
+    std::erase_if(folders, [&](const FolderRecord& child) { return !RightsIn(child.id).Has(Right::Read); });
     return folders;
 }
 
 std::vector<FileRecord> VaultStore::FilesIn(int32_t folder)
 {
-    return ReadFiles(database.Query(std::string(kFileColumns) + "WHERE f.folder = ? ORDER BY f.name_key", folder));
+    RequireRight(folder, Right::Read);
+    return ReadFiles(database.Query(std::string(kFileColumns) + "AND f.folder = ? ORDER BY f.name_key", folder));
 }
 
 VaultPath VaultStore::PathOfFolder(int32_t folder)
@@ -249,25 +307,41 @@ VaultPath VaultStore::PathOfFile(const FileRecord& file)
     return path;
 }
 
+/// Makes what is missing of the path. All that can be refused is refused before the first folder is made.
+FolderRecord VaultStore::FolderOf(const VaultPath& path)
+{
+    std::for_each(path.begin(), path.end(), CheckName);
+    FolderRecord folder = *FolderById(kRootFolder);
+    auto name = path.begin();
+    for (; name != path.end(); ++name) {
+        const auto child = ChildFolder(folder.id, *name);
+        if (!child) {
+            break;
+        }
+        folder = *child;
+    }
+    if (name == path.end()) {
+        return folder;
+    }
+    RequireRight(folder.id, Right::Add);
+    if (FileIn(folder.id, *name)) {
+        Fail(kErrorNameAlreadyExists, "'" + VaultPathText(path) + "' can't be a folder: '" + *name + "' is a file.");
+    }
+    for (; name != path.end(); ++name) {
+        database.Run("INSERT INTO folders (parent, name, name_key) VALUES (?, ?, ?)", folder.id,
+                     std::string_view(*name), std::string_view(FoldName(*name)));
+        folder = {static_cast<int32_t>(database.LastId()), folder.id, *name};
+    }
+    return folder;
+}
+
 FolderRecord VaultStore::MakeFolder(const VaultPath& path)
 {
-    for (const std::string& name : path) {
-        CheckName(name);
+    if (const auto present = FindFolder(path)) {
+        return *present;
     }
     Transaction transaction(database);
-    FolderRecord folder = *FolderById(kRootFolder);
-    for (const std::string& name : path) {
-        if (auto child = ChildFolder(folder.id, name)) {
-            folder = *child;
-            continue;
-        }
-        if (FileIn(folder.id, name)) {
-            Fail(kErrorNameAlreadyExists, "'" + VaultPathText(path) + "' can't be a folder: '" + name + "' is a file.");
-        }
-        database.Run("INSERT INTO folders (parent, name, name_key) VALUES (?, ?, ?)", folder.id, std::string_view(name),
-                     std::string_view(FoldName(name)));
-        folder = {static_cast<int32_t>(database.LastId()), folder.id, name};
-    }
+    const FolderRecord folder = FolderOf(path);
     transaction.Commit();
     return folder;
 }
@@ -282,7 +356,12 @@ fs::path VaultStore::ContentPath(const VersionRecord& version) const
     return PathOfContent(version.content);
 }
 
-fs::path VaultStore::TemporaryFile()
+void VaultStore::FlushContents() const
+{
+    disk.FlushFolder(ContentFolder(root));
+}
+
+fs::path VaultStore::TemporaryPath()
 {
     static thread_local std::mt19937_64 random{std::random_device{}()};
     char name[24];

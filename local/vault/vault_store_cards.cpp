@@ -1,8 +1,21 @@
-// Data cards and references between files.
+// Data cards.
 #include "vault/error_table.h"
 #include "vault/vault_store.h"
 
 namespace tv::local {
+
+namespace {
+
+std::vector<CardValue> ReadCard(Statement rows)
+{
+    std::vector<CardValue> values;
+    while (rows.Next()) {
+        values.push_back({rows.Int(0), rows.Text(1), {static_cast<VARTYPE>(rows.Int(2)), rows.Value(3)}});
+    }
+    return values;
+}
+
+} // namespace
 
 std::vector<CardVariable> VaultStore::CardVariables()
 {
@@ -25,16 +38,38 @@ int32_t VaultStore::MakeCardVariable(std::string_view name)
     return id;
 }
 
+std::optional<CardVariable> VaultStore::FindCardVariable(std::string_view name)
+{
+    Statement row = database.Query("SELECT id, name FROM card_variables WHERE name = ?", name);
+    return row.Next() ? std::optional(CardVariable{row.Int(0), row.Text(1)}) : std::nullopt;
+}
+
+std::optional<CardVariable> VaultStore::CardVariableById(int32_t id)
+{
+    Statement row = database.Query("SELECT id, name FROM card_variables WHERE id = ?", id);
+    return row.Next() ? std::optional(CardVariable{row.Int(0), row.Text(1)}) : std::nullopt;
+}
+
 std::vector<CardValue> VaultStore::CardValues(int32_t file, int32_t version)
 {
-    std::vector<CardValue> values;
-    Statement rows = database.Query("SELECT variable, configuration, type, value FROM card_values "
-                                    "WHERE file = ? AND version = ? ORDER BY variable, configuration",
-                                    file, version);
-    while (rows.Next()) {
-        values.push_back({rows.Int(0), rows.Text(1), {static_cast<VARTYPE>(rows.Int(2)), rows.Value(3)}});
+    RequireReadable(file);
+    return ReadCard(database.Query("SELECT variable, configuration, type, value FROM card_values "
+                                   "WHERE file = ? AND version = ? ORDER BY variable, configuration",
+                                   file, version));
+}
+
+std::vector<CardValue> VaultStore::WorkingCard(int32_t id)
+{
+    const FileRecord file = RequireFile(id);
+    if (!file.checkOut || file.checkOut->holder != options.session) {
+        return CardValues(id, file.latestVersion);
     }
-    return values;
+    return ReadCard(database.Query(
+        "SELECT variable, configuration, type, value FROM card_values WHERE file = ?1 AND version = ?3 UNION ALL "
+        "SELECT variable, configuration, type, value FROM card_values v WHERE file = ?1 AND version = ?2 AND ?2 <> ?3 "
+        "AND NOT EXISTS (SELECT 1 FROM card_values w WHERE w.file = ?1 AND w.version = ?3 "
+        "AND w.variable = v.variable AND w.configuration = v.configuration) ORDER BY variable, configuration",
+        id, file.latestVersion, WorkingVersion(file)));
 }
 
 std::vector<Result> VaultStore::WriteCards(std::span<const CardWrite> writes)
@@ -42,55 +77,25 @@ std::vector<Result> VaultStore::WriteCards(std::span<const CardWrite> writes)
     std::vector<Result> results;
     Transaction transaction(database);
     for (const CardWrite& write : writes) {
-        const auto file = FileById(write.file);
-        if (!file) {
-            results.push_back(kErrorFileNotFound);
-            continue;
-        }
-        if (!database.Query("SELECT 1 FROM card_variables WHERE id = ?", write.variable).Next()) {
-            results.push_back(kErrorVariableNotFound);
+        FileRecord file;
+        const Outcome outcome = OutcomeOf([&] {
+            file = RequireRow(write.file);
+            RequireWritable(file);
+            if (!CardVariableById(write.variable)) {
+                Fail(kErrorVariableNotFound, "There is no card variable " + std::to_string(write.variable) + ".");
+            }
+        });
+        results.push_back(outcome.code);
+        if (outcome.code != 0) {
             continue;
         }
         database.Run("INSERT OR REPLACE INTO card_values (file, version, variable, configuration, type, value) "
                      "VALUES (?, ?, ?, ?, ?, ?)",
-                     write.file, WorkingVersion(*file), write.variable, std::string_view(write.configuration),
+                     write.file, WorkingVersion(file), write.variable, std::string_view(write.configuration),
                      int32_t{write.value.type}, write.value.content);
-        results.push_back(0);
     }
     transaction.Commit();
     return results;
-}
-
-void VaultStore::AddReferences(int32_t parent, std::span<const ReferenceRecord> references)
-{
-    Transaction transaction(database);
-    const auto file = FileById(parent);
-    if (!file) {
-        Fail(kErrorFileNotFound, "The vault has no file with the id " + std::to_string(parent) + ".");
-    }
-    for (const ReferenceRecord& reference : references) {
-        const auto source = FileById(reference.sourceFile);
-        if (!source) {
-            Fail(kErrorFileNotFound, "The vault has no file with the id " + std::to_string(reference.sourceFile) + ".");
-        }
-        const int32_t version = reference.sourceVersion > 0 ? reference.sourceVersion : source->latestVersion;
-        database.Run("INSERT OR REPLACE INTO file_references (parent, parent_version, source, source_version) "
-                     "VALUES (?, ?, ?, ?)",
-                     parent, WorkingVersion(*file), source->id, version);
-    }
-    transaction.Commit();
-}
-
-std::vector<ReferenceRecord> VaultStore::References(int32_t parent, int32_t version)
-{
-    std::vector<ReferenceRecord> references;
-    Statement rows = database.Query("SELECT source, source_version FROM file_references "
-                                    "WHERE parent = ? AND parent_version = ? ORDER BY source",
-                                    parent, version);
-    while (rows.Next()) {
-        references.push_back({rows.Int(0), rows.Int(1)});
-    }
-    return references;
 }
 
 } // namespace tv::local

@@ -24,14 +24,21 @@ std::string HolderText(const CheckOutRecord& checkOut)
 
 } // namespace
 
-std::optional<VersionRecord> VaultStore::Version(int32_t file, int32_t number)
+std::optional<VersionRecord> VaultStore::VersionRow(int32_t file, int32_t number)
 {
     Statement row = database.Query(std::string(kVersionColumns) + "WHERE file = ? AND number = ?", file, number);
     return row.Next() ? std::optional(ReadVersion(row)) : std::nullopt;
 }
 
+std::optional<VersionRecord> VaultStore::Version(int32_t file, int32_t number)
+{
+    RequireReadable(file);
+    return VersionRow(file, number);
+}
+
 std::vector<VersionRecord> VaultStore::Versions(int32_t file)
 {
+    RequireReadable(file);
     std::vector<VersionRecord> versions;
     Statement rows = database.Query(std::string(kVersionColumns) + "WHERE file = ? ORDER BY number", file);
     while (rows.Next()) {
@@ -43,23 +50,24 @@ std::vector<VersionRecord> VaultStore::Versions(int32_t file)
 PendingContent VaultStore::TakeBytes(const std::filesystem::path& from)
 {
     PendingContent pending;
-    pending.file = TemporaryFile();
+    pending.file = TemporaryPath();
+    pending.keeper = std::make_shared<TemporaryFile>(disk, pending.file);
     pending.info = disk.CopyFlushed(from, pending.file);
     return pending;
 }
 
 /// Puts the bytes in their place. Called inside the transaction that names them, so that nobody takes the same bytes
 /// for unused in between.
-void VaultStore::KeepContent(const PendingContent& content)
+bool VaultStore::KeepContent(const PendingContent& content)
 {
     const auto place = PathOfContent(content.info.hash);
     const auto present = Disk::StampOf(place);
     if (present && present->size == content.info.size) {
-        disk.Remove(content.file);
-        return;
+        return false;
     }
-    disk.Replace(content.file, place);
+    disk.Rename(content.file, place);
     disk.SetReadOnly(place, true);
+    return true;
 }
 
 /// Bytes that no version names cost room and nothing else, so a failure here is nobody's concern.
@@ -77,22 +85,37 @@ void VaultStore::DropUnusedContents(std::span<const std::string> hashes) noexcep
     });
 }
 
-FileRecord VaultStore::RequireFile(int32_t id)
-{
-    const auto file = FileById(id);
-    if (!file) {
-        Fail(kErrorFileNotFound, "The vault has no file with the id " + std::to_string(id) + ".");
-    }
-    return *file;
-}
-
 void VaultStore::RequireCheckedIn(const FileRecord& file)
 {
     if (file.checkOut) {
-        const bool mine = file.checkOut->holder == options.session;
-        Fail(mine ? kErrorFileIsLocked : kErrorLockedByAnotherUser,
+        const Session& holder = file.checkOut->holder;
+        const bool mine = holder.user == options.session.user;
+        const Result theirs = mine ? kErrorLockedOnOtherComputer : kErrorLockedByAnotherUser;
+        Fail(holder == options.session ? kErrorFileIsLocked : theirs,
              "'" + VaultPathText(PathOfFile(file)) + "' is checked out by " + HolderText(*file.checkOut) + ".");
     }
+}
+
+void VaultStore::RequireFreeName(int32_t folder, std::string_view name)
+{
+    if (FileIn(folder, name) || ChildFolder(folder, name)) {
+        VaultPath path = PathOfFolder(folder);
+        path.emplace_back(name);
+        Fail(kErrorNameAlreadyExists, "The vault has '" + VaultPathText(path) + "' already.");
+    }
+}
+
+FileRecord VaultStore::AddOne(int32_t folder, std::string_view name, const PendingContent& content,
+                              const std::optional<FileStamp>& localCopy, std::string_view comment)
+{
+    database.Run("INSERT INTO files (folder, name, name_key, latest_version) VALUES (?, ?, ?, 0)", folder, name,
+                 std::string_view(FoldName(name)));
+    const auto id = static_cast<int32_t>(database.LastId());
+    PutVersion({id, folder, std::string(name), 0, std::nullopt}, content.info, comment);
+    if (localCopy) {
+        PutCheckOut(id, *localCopy, true);
+    }
+    return *FileRow(id);
 }
 
 FileRecord VaultStore::AddFile(int32_t folder, std::string_view name, const PendingContent& content,
@@ -103,27 +126,52 @@ FileRecord VaultStore::AddFile(int32_t folder, std::string_view name, const Pend
     if (!FolderById(folder)) {
         Fail(kErrorFolderNotFound, "The vault has no folder with the id " + std::to_string(folder) + ".");
     }
-    if (FileIn(folder, name) || ChildFolder(folder, name)) {
-        Fail(kErrorNameAlreadyExists, "The vault has '" + std::string(name) + "' in that folder already.");
+    RequireRight(folder, Right::Add);
+    RequireFreeName(folder, name);
+    if (KeepContent(content)) {
+        FlushContents();
     }
-    KeepContent(content);
-    database.Run("INSERT INTO files (folder, name, name_key, latest_version) VALUES (?, ?, ?, 0)", folder, name,
-                 std::string_view(FoldName(name)));
-    const FileRecord file = RequireFile(static_cast<int32_t>(database.LastId()));
-    PutVersion(file, content.info, comment);
-    if (localCopy) {
-        PutCheckOut(file.id, *localCopy, true);
+    FileRecord file = AddOne(folder, name, content, localCopy, comment);
+    transaction.Commit();
+    return file;
+}
+
+std::vector<AddOutcome> VaultStore::AddFiles(std::span<const AddPlan> plans, std::string_view comment)
+{
+    std::vector<AddOutcome> outcomes;
+    bool anyKept = false;
+    Transaction transaction(database);
+    for (const AddPlan& plan : plans) {
+        AddOutcome& added = outcomes.emplace_back();
+        int32_t folder = 0;
+        FileStamp localCopy;
+        added.outcome = OutcomeOf([&] {
+            CheckName(plan.name);
+            folder = FolderOf(plan.folder).id;
+            RequireRight(folder, Right::Add);
+            RequireFreeName(folder, plan.name);
+            anyKept = KeepContent(plan.content) || anyKept;
+            localCopy = plan.placeCopy();
+        });
+        if (added.outcome.code == 0) {
+            added.file = AddOne(folder, plan.name, plan.content, localCopy, comment);
+        }
+    }
+    if (anyKept) {
+        FlushContents();
     }
     transaction.Commit();
-    return RequireFile(file.id);
+    return outcomes;
 }
 
 void VaultStore::AddVersion(int32_t id, const PendingContent& content, std::string_view comment)
 {
     Transaction transaction(database);
-    const FileRecord file = RequireFile(id);
-    RequireCheckedIn(file);
-    KeepContent(content);
+    const FileRecord file = RequireRow(id);
+    RequireCheckOutable(file);
+    if (KeepContent(content)) {
+        FlushContents();
+    }
     PutVersion(file, content.info, comment);
     transaction.Commit();
 }
@@ -131,9 +179,12 @@ void VaultStore::AddVersion(int32_t id, const PendingContent& content, std::stri
 void VaultStore::PutVersion(const FileRecord& file, const ContentInfo& content, std::string_view comment)
 {
     const int32_t number = file.latestVersion + 1;
-    database.Run("INSERT INTO versions (file, number, content, size, time, comment, user) VALUES (?, ?, ?, ?, ?, ?, ?)",
+    const auto before = VersionRow(file.id, file.latestVersion);
+    database.Run("INSERT INTO versions (file, number, content, size, time, comment, user, revision, state) "
+                 "VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?)",
                  file.id, number, std::string_view(content.hash), content.size, std::string_view(Now()), comment,
-                 std::string_view(options.session.user));
+                 std::string_view(options.session.user), before ? before->revision : std::nullopt,
+                 before ? before->state : std::nullopt);
     database.Run("UPDATE files SET latest_version = ? WHERE id = ?", number, file.id);
     CarryOver(file.id, file.latestVersion, number);
 }
@@ -146,12 +197,46 @@ void VaultStore::PutCheckOut(int32_t file, const FileStamp& localCopy, bool fres
         localCopy.size, localCopy.modified, int32_t{fresh});
 }
 
-void VaultStore::CheckOut(int32_t id, const FileStamp& localCopy)
+void VaultStore::RequireCheckOutable(const FileRecord& file)
+{
+    RequireRight(file.folder, Right::CheckOut);
+    RequireCheckedIn(file);
+}
+
+bool VaultStore::CheckOut(int32_t id, int32_t expectedVersion, const std::function<FileStamp()>& placeCopy)
 {
     Transaction transaction(database);
-    RequireCheckedIn(RequireFile(id));
-    PutCheckOut(id, localCopy, false);
+    const FileRecord file = RequireRow(id);
+    RequireCheckOutable(file);
+    if (file.latestVersion != expectedVersion) {
+        return false;
+    }
+    PutCheckOut(id, placeCopy(), false);
     transaction.Commit();
+    return true;
+}
+
+/// Whoever adds a file may finish it: its card, its references and its first check-in belong to the adding.
+bool VaultStore::IsStillBeingAdded(const FileRecord& file)
+{
+    if (file.checkOut) {
+        return file.checkOut->fresh;
+    }
+    return file.latestVersion == 1 && VersionRow(file.id, 1)->user == options.session.user;
+}
+
+void VaultStore::RequireCheckInable(const FileRecord& file)
+{
+    RequireCheckedOutHere(file);
+    RequireRight(file.folder, IsStillBeingAdded(file) ? Right::Add : Right::CheckOut);
+}
+
+void VaultStore::RequireWritable(const FileRecord& file)
+{
+    RequireRight(file.folder, IsStillBeingAdded(file) ? Right::Add : Right::CheckOut);
+    if (file.checkOut && file.checkOut->holder != options.session) {
+        RequireCheckedIn(file);
+    }
 }
 
 void VaultStore::RequireCheckedOutHere(const FileRecord& file) const
@@ -185,14 +270,9 @@ void VaultStore::CarryOver(int32_t file, int32_t from, int32_t to)
         to, file, from, file, to);
 }
 
-void VaultStore::EndCheckOut(const CheckInPlan& plan, std::string_view comment)
+void VaultStore::EndCheckOut(const FileRecord& file, const CheckInPlan& plan, std::string_view comment)
 {
-    const FileRecord file = RequireFile(plan.file);
-    RequireCheckedOutHere(file);
     const int32_t latest = file.latestVersion;
-    if (plan.content) {
-        KeepContent(*plan.content);
-    }
     if (file.checkOut->fresh) {
         database.Run("UPDATE versions SET comment = ? WHERE file = ? AND number = ?", comment, file.id, latest);
         if (plan.content) {
@@ -212,49 +292,89 @@ void VaultStore::EndCheckOut(const CheckInPlan& plan, std::string_view comment)
     database.Run("DELETE FROM check_outs WHERE file = ?", file.id);
 }
 
-void VaultStore::CheckIn(std::span<const CheckInPlan> plans, std::string_view comment)
+std::vector<Outcome> VaultStore::CheckIn(std::span<const CheckInPlan> plans, std::string_view comment)
 {
+    std::vector<Outcome> outcomes;
     std::vector<std::string> replaced;
+    bool anyKept = false;
     Transaction transaction(database);
     for (const CheckInPlan& plan : plans) {
-        if (const auto file = FileById(plan.file); file && file->checkOut && file->checkOut->fresh && plan.content) {
-            replaced.push_back(Version(file->id, file->latestVersion)->content);
+        FileRecord file;
+        outcomes.push_back(OutcomeOf([&] {
+            file = RequireRow(plan.file);
+            RequireCheckInable(file);
+            anyKept = (plan.content && KeepContent(*plan.content)) || anyKept;
+        }));
+        if (outcomes.back().code != 0) {
+            continue;
         }
-        EndCheckOut(plan, comment);
+        if (file.checkOut->fresh && plan.content) {
+            replaced.push_back(VersionRow(file.id, file.latestVersion)->content);
+        }
+        EndCheckOut(file, plan, comment);
+    }
+    if (anyKept) {
+        FlushContents();
     }
     transaction.Commit();
     if (!replaced.empty()) {
         DropUnusedContents(replaced);
     }
+    return outcomes;
 }
 
-void VaultStore::RemoveFile(int32_t id)
+bool VaultStore::UndoCheckOut(int32_t id, int32_t expectedVersion, const std::function<void()>& placeCopy)
 {
-    std::vector<std::string> contents;
     Transaction transaction(database);
-    RequireCheckedIn(RequireFile(id));
-    for (const VersionRecord& version : Versions(id)) {
-        contents.push_back(version.content);
+    const FileRecord file = RequireRow(id);
+    RequireCheckedOutHere(file);
+    const bool leaves = file.checkOut->fresh;
+    std::vector<std::string> contents;
+    if (leaves) {
+        contents.push_back(VersionRow(id, file.latestVersion)->content);
+        database.Run("DELETE FROM files WHERE id = ?", id);
+    } else {
+        // Nobody but the holder can have made a version since.
+        if (file.latestVersion != expectedVersion) {
+            Fail(E_UNEXPECTED, "'" + file.name + "' got a version while it was checked out.");
+        }
+        database.Run("DELETE FROM card_values WHERE file = ? AND version = ?", id, file.latestVersion + 1);
+        database.Run("DELETE FROM file_references WHERE parent = ? AND parent_version = ?", id, file.latestVersion + 1);
+        database.Run("DELETE FROM check_outs WHERE file = ?", id);
+        placeCopy();
     }
-    database.Run("DELETE FROM files WHERE id = ?", id);
     transaction.Commit();
-    DropUnusedContents(contents);
+    if (leaves) {
+        DropUnusedContents(contents);
+    }
+    return leaves;
+}
+
+void VaultStore::WhereNoFileIs(const VaultPath& path, const std::function<void()>& action)
+{
+    // Files come in transactions, and this one keeps them out.
+    Transaction transaction(database);
+    const auto folder = FindFolder(VaultPath(path.begin(), path.end() - 1));
+    if (!folder || !FileIn(folder->id, path.back())) {
+        action();
+    }
 }
 
 void VaultStore::Verify()
 {
-    Statement rows =
-        database.Query("SELECT f.id, v.number, v.content, v.size FROM versions v JOIN files f ON f.id = v.file");
+    Statement rows = database.Query("SELECT f.folder, f.name, v.number, v.content, v.size FROM versions v "
+                                    "JOIN files f ON f.id = v.file");
     while (rows.Next()) {
-        const std::string content = rows.Text(2);
+        const std::string content = rows.Text(3);
         const auto place = PathOfContent(content);
-        const std::string what = "version " + std::to_string(rows.Int(1)) + " of '" +
-                                 VaultPathText(PathOfFile(*FileById(rows.Int(0)))) + "'";
+        VaultPath path = PathOfFolder(rows.Int(0));
+        path.push_back(rows.Text(1));
+        const std::string what = "version " + std::to_string(rows.Int(2)) + " of '" + VaultPathText(path) + "'";
         if (!Disk::IsFile(place)) {
             Fail(kErrorInvalidFile, "The bytes of " + what + " are missing.");
         }
         const ContentInfo found = Disk::Read(place);
-        if (found.hash != content || found.size != rows.Int64(3)) {
+        if (found.hash != content || found.size != rows.Int64(4)) {
             Fail(kErrorInvalidFile, "The bytes of " + what + " are damaged.");
         }
     }

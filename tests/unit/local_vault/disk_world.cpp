@@ -62,6 +62,25 @@ void WriteBytes(const fs::path& path, std::string_view bytes)
     stream.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
 }
 
+std::vector<Result> CodesOf(const std::vector<Outcome>& outcomes)
+{
+    std::vector<Result> codes;
+    for (const Outcome& outcome : outcomes) {
+        codes.push_back(outcome.code);
+    }
+    return codes;
+}
+
+std::string WordsOf(const std::function<void()>& operation)
+{
+    try {
+        operation();
+        return {};
+    } catch (const ResultError& error) {
+        return WordsOf(error);
+    }
+}
+
 Result CodeOf(const std::function<void()>& operation)
 {
     try {

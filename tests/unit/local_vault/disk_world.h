@@ -34,6 +34,10 @@ class DiskWorld : public ::testing::Test
 
 std::string BytesOf(const std::filesystem::path& path);
 void WriteBytes(const std::filesystem::path& path, std::string_view bytes);
+/// The codes alone, in order.
+std::vector<Result> CodesOf(const std::vector<Outcome>& outcomes);
+/// The line for a person that the operation ends with; empty when it raises none.
+std::string WordsOf(const std::function<void()>& operation);
 /// The code that the operation raises; 0 when it raises none.
 Result CodeOf(const std::function<void()>& operation);
 

@@ -41,8 +41,8 @@ class PowerLoss : public DiskWorld
 
     static void CheckIn(FileWork& work, int32_t file)
     {
-        for (Result result : work.CheckIn(std::vector{file}, "")) {
-            ThrowIfFailed(result);
+        for (const Outcome& outcome : work.CheckIn(std::vector{file}, "")) {
+            ThrowIfFailed(outcome.code);
         }
     }
 

@@ -172,7 +172,7 @@ TEST_F(VaultObjects, DeletingAFileNeedsAllItsVersionsAndItsFolder)
     EXPECT_EQ(folder->DeleteFile(0, screw.id, -1), 0);
     EXPECT_FALSE(fs::exists(ScrewPath()));
     int32_t version = 0;
-    EXPECT_EQ(file->GetCurrentVersion(&version), kErrorFileNotFound);
+    EXPECT_EQ(file->GetCurrentVersion(&version), kErrorFileDeleted);
 }
 
 TEST_F(VaultObjects, ACheckedOutFileIsNotDeleted)
@@ -328,19 +328,141 @@ TEST_F(VaultObjects, CardVariablesAreEnumeratedThroughTheVault)
     EXPECT_EQ(names, (std::vector<std::u16string>{u"Number", u"Material"}));
 }
 
-TEST_F(VaultObjects, ReferencesAreCommittedAtOnce)
+TEST_F(VaultObjects, ReferencesAreWrittenByTheSecondOfTwoCommits)
 {
     const FileRecord output = Import(*store, "screw.stl", "solid");
+    const FileRecord other = Import(*store, "screw.pdf", "paper");
     const auto references = Make<IVyxBatchRefs>(kUtilityBatchRefs);
     const VyxSelectionPair pair{screw.id, screw.folder};
     const SafeArray sources = MakeRecordArray<VyxSelectionPair>({&pair, 1});
     EXPECT_EQ(references->AddReferences(99, sources.get()), kErrorFileNotFound);
     EXPECT_EQ(references->AddReferences(output.id, sources.get()), 0);
+    EXPECT_EQ(references->AddReferences(other.id, sources.get()), 0);
     int32_t pending = 7;
     EXPECT_EQ(references->CommitReferences(0, &pending), 0);
+    EXPECT_EQ(pending, 2);
+    EXPECT_TRUE(store->References(output.id, 1).empty());
+    EXPECT_EQ(references->CommitReferences(pending, &pending), 0);
     EXPECT_EQ(pending, 0);
     ASSERT_EQ(store->References(output.id, 1).size(), 1u);
     EXPECT_EQ(store->References(output.id, 1)[0].sourceFile, screw.id);
+    EXPECT_EQ(store->References(other.id, 1).size(), 1u);
+}
+
+TEST_F(VaultObjects, WithoutReferencesNothingIsLeftPending)
+{
+    int32_t pending = 7;
+    EXPECT_EQ(Make<IVyxBatchRefs>(kUtilityBatchRefs)->CommitReferences(0, &pending), 0);
+    EXPECT_EQ(pending, 0);
+}
+
+TEST_F(VaultObjects, ASecondCommitOfReferencesNeedsTheNumberOfTheFirst)
+{
+    const FileRecord output = Import(*store, "screw.stl", "solid");
+    const auto references = Make<IVyxBatchRefs>(kUtilityBatchRefs);
+    const VyxSelectionPair pair{screw.id, screw.folder};
+    const SafeArray sources = MakeRecordArray<VyxSelectionPair>({&pair, 1});
+    references->AddReferences(output.id, sources.get());
+    int32_t pending = 0;
+    EXPECT_EQ(references->CommitReferences(1, &pending), E_INVALIDARG);
+    EXPECT_EQ(references->CommitReferences(0, &pending), 0);
+    EXPECT_EQ(references->CommitReferences(5, &pending), E_INVALIDARG);
+    EXPECT_EQ(references->CommitReferences(0, nullptr), E_POINTER);
+    EXPECT_TRUE(store->References(output.id, 1).empty());
+}
+
+TEST_F(VaultObjects, ReferencesOfAFileOfAnotherAreRefusedAtTheFirstCommit)
+{
+    const FileRecord output = Import(*store, "screw.stl", "solid");
+    FileWork(OpenAs(kBert)).CheckOut(output.id);
+    const auto references = Make<IVyxBatchRefs>(kUtilityBatchRefs);
+    const VyxSelectionPair pair{screw.id, screw.folder};
+    const SafeArray sources = MakeRecordArray<VyxSelectionPair>({&pair, 1});
+    EXPECT_EQ(references->AddReferences(output.id, sources.get()), 0);
+    int32_t pending = 0;
+    EXPECT_EQ(references->CommitReferences(0, &pending), kErrorLockedByAnotherUser);
+}
+
+TEST_F(VaultObjects, AListOfFilesTakesNoColumnsAndNoFlags)
+{
+    const auto list = Make<IVyxBatchList>(kUtilityBatchList);
+    const Variant path = Variant::FromText(Wide(ScrewPath()));
+    EXPECT_EQ(list->AddFile(path.get(), 1, 0, 0), E_INVALIDARG);
+    EXPECT_EQ(list->AddFile(path.get(), 0, 1, 0), E_INVALIDARG);
+    EXPECT_EQ(list->AddFile(path.get(), 0, 0, 1), E_INVALIDARG);
+    SafeArray files;
+    EXPECT_EQ(list->CreateList(u"Number", files.put()), kErrorInvalidQuery);
+    EXPECT_EQ(list->CreateList(nullptr, files.put()), E_POINTER);
+}
+
+TEST_F(VaultObjects, ACardValueTakesNoConfigurationAndNoOtherFlagThanOne)
+{
+    const int32_t variable = store->MakeCardVariable("Number");
+    const auto update = Make<IVyxBatchUpdate>(kUtilityBatchUpdate);
+    const Variant value = Variant::FromText(u"A-1");
+    EXPECT_EQ(update->SetCardValue(screw.id, variable, value.get(), 1, 1), E_INVALIDARG);
+    EXPECT_EQ(update->SetCardValue(screw.id, variable, value.get(), 0, 2), E_INVALIDARG);
+    EXPECT_EQ(update->SetCardValue(screw.id, variable, value.get(), 0, 0), 0);
+    SafeArray errors;
+    EXPECT_EQ(update->CommitUpdate(errors.put(), 0), 0);
+    EXPECT_EQ(store->CardValues(screw.id, 1).size(), 1u);
+}
+
+TEST_F(VaultObjects, TheCardOfAFileOfAnotherIsNotWritten)
+{
+    const int32_t variable = store->MakeCardVariable("Number");
+    FileWork(OpenAs(kBert)).CheckOut(screw.id);
+    const auto update = Make<IVyxBatchUpdate>(kUtilityBatchUpdate);
+    update->SetCardValue(screw.id, variable, Variant::FromText(u"A-1").get(), 0, 1);
+    SafeArray errors;
+    EXPECT_EQ(update->CommitUpdate(errors.put(), 0), kErrorLockedByAnotherUser);
+    EXPECT_EQ(SafeArrayView<int32_t>(errors.get())[0], kErrorLockedByAnotherUser);
+    EXPECT_TRUE(store->CardValues(screw.id, 1).empty());
+}
+
+TEST_F(VaultObjects, AReplacedFileIsDeletedAndComesAnewUnderItsName)
+{
+    ComPtr<IVyxFolder> folder;
+    ASSERT_EQ(vault->GetFolderFromPath(Wide(Root() / "Parts").c_str(), folder.put()), 0);
+    ASSERT_EQ(folder->DeleteFile(0, screw.id, -1), 0);
+    WriteBytes(ScrewPath(), "new screw");
+    const auto add = Make<IVyxBatchAdd>(kUtilityBatchAdd);
+    ASSERT_EQ(add->AddFileFromPathToPath(Wide(ScrewPath()).c_str(), Wide(Root() / "Parts").c_str(), 0, 0, 0), 0);
+    SafeArray results;
+    int32_t count = 0;
+    ASSERT_EQ(add->CommitAdd(0, results.put(), 0, 0, &count), 0);
+    const SafeArrayView<VyxAddResult> view(results.get());
+    EXPECT_EQ(view[0].result, 0);
+    EXPECT_NE(view[0].fileId, screw.id);
+    EXPECT_EQ(store->FileById(view[0].fileId)->latestVersion, 1);
+    EXPECT_EQ(store->DeletedFile(screw.id)->file.name, "screw.step");
+}
+
+TEST_F(VaultObjects, TheVersionReadTellsRevisionAndState)
+{
+    store->Revise(screw.id, "B");
+    store->SetState(screw.id, "Released");
+    const auto file = FileAt(ScrewPath());
+    BString revision;
+    BString state;
+    EXPECT_EQ(file->GetRevisionName(1, screw.folder, revision.put()), 0);
+    EXPECT_EQ(file->GetStateName(1, screw.folder, state.put()), 0);
+    EXPECT_EQ(revision.View(), u"B");
+    EXPECT_EQ(state.View(), u"Released");
+    ComPtr<IVyxEnumeratorVariable> reader;
+    ASSERT_EQ(file->GetEnumeratorVariable(0, reader.put()), 0);
+    SafeArray variables;
+    SafeArray values;
+    VyxVersionInfo info{};
+    ASSERT_EQ(
+        reader->GetVersionVariables(Variant::FromInt(1).get(), screw.folder, variables.put(), values.put(), &info), 0);
+    BString ownedRevision;
+    BString ownedState;
+    *ownedRevision.put() = info.revision;
+    *ownedState.put() = info.state;
+    EXPECT_EQ(info.currentVersion, 1);
+    EXPECT_EQ(ownedRevision.View(), u"B");
+    EXPECT_EQ(ownedState.View(), u"Released");
 }
 
 } // namespace
