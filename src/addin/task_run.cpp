@@ -14,8 +14,7 @@ constexpr uint32_t kSuspendPoll = 5000;
 constexpr Result kAbsent = 1;
 
 /// Runs a step that must not keep the later ones from running; its result counts unless a failure stands already.
-template <typename Step>
-void TakeResult(Result& result, Step&& step)
+template <typename Step> void TakeResult(Result& result, Step&& step)
 {
     const Result outcome = AtBoundary(step);
     if (result >= 0) {
@@ -27,8 +26,7 @@ void TakeResult(Result& result, Step&& step)
 
 TaskRun::TaskRun(RunTools toolsOfRun, IVyxVault& vaultOfRun, IVyxTaskInstance& instanceOfRun, int32_t taskKind)
     : tools(toolsOfRun), vault(vaultOfRun), instance(instanceOfRun), kind(taskKind)
-{
-}
+{}
 
 TaskRun::~TaskRun()
 {
@@ -71,7 +69,7 @@ Result TaskRun::Run(SAFEARRAY* data, VariantBool& cancel)
 Result TaskRun::RegisterResults()
 {
     if (total > 1 && kind != kPrint) {
-        instance.SetProgressPos(total - 1, TSS_internal(13, u"TS", u"TVTaskAddIn", u"Adding files to vault..."));
+        instance.SetProgressPos(total - 1, AddInText(13, u"Adding files to vault..."));
     }
     // A file that can't be added costs a line in the log file, which makes the run end as failed, and no more.
     AtBoundary([&] { return tools.vaultFiles.RegisterOutputs(&instance, &vault, tools.script); });

@@ -20,11 +20,6 @@ std::u16string Without(std::u16string text, std::u16string_view unwanted)
     return text;
 }
 
-std::u16string Translated(uint32_t key, const char16_t* text)
-{
-    return TSS_internal(key, u"TS", u"TVTaskAddIn", text);
-}
-
 } // namespace
 
 Result TaskRun::Report(Result outcome)
@@ -46,7 +41,7 @@ Result TaskRun::Report(Result outcome)
     if (status == TaskStatus::Done && kind == static_cast<int32_t>(TaskKind::Convert) &&
         tools.vaultFiles.CountExistingOutputs(false, true) == 0) {
         status = TaskStatus::Failed;
-        message = Translated(16, u"No file converted.");
+        message = AddInText(16, u"No file converted.");
     }
     const Variant list = DocumentList(std::move(documents));
     const Result written = instance.SetStatus(static_cast<int32_t>(status), outcome,
@@ -61,7 +56,7 @@ TaskStatus TaskRun::FinalStatus(Result outcome, std::u16string& message)
         return TaskStatus::Failed;
     }
     if (tools.vaultFiles.AnyLogFileExists()) {
-        message = Translated(14, u"Task finished with errors. Please see the log-file for more details.");
+        message = AddInText(14, u"Task finished with errors. Please see the log-file for more details.");
         return TaskStatus::Failed;
     }
     return TaskStatus::Done;
@@ -70,7 +65,7 @@ TaskStatus TaskRun::FinalStatus(Result outcome, std::u16string& message)
 std::u16string TaskRun::FailureText() const
 {
     if (selected.empty()) {
-        return Translated(15, u"No file selected.");
+        return AddInText(15, u"No file selected.");
     }
     // A run that asked for no particular version must not tell of a "Torvane 0".
     return Without(tools.manager.LastError(), u" 0");
@@ -79,8 +74,8 @@ std::u16string TaskRun::FailureText() const
 Variant TaskRun::DocumentList(std::vector<VyxDocument> documents) const
 {
     for (const std::unique_ptr<TaskFile>& file : selected) {
-        documents.push_back({file->fileId, kFileObject, file->folderId,
-                             file->version == -1 ? file->latestVersion : file->version});
+        documents.push_back(
+            {file->fileId, kFileObject, file->folderId, file->version == -1 ? file->latestVersion : file->version});
     }
     if (documents.empty()) {
         return {};

@@ -8,54 +8,45 @@
 
 namespace tv {
 
-namespace {
-
-const char16_t* Translated(uint32_t key, const char16_t* text)
-{
-    return TSS_internal(key, u"TS", u"TVTaskAddIn", text);
-}
-
-} // namespace
-
 std::u16string NotInstalledText(int32_t version)
 {
-    return FormatText(Translated(8, u"Torvane %d is not installed."), version);
+    return FormatText(AddInText(8, u"Torvane %d is not installed."), version);
 }
 
 std::u16string AttachFailedText()
 {
-    return Translated(9, u"Failed to attach event handlers to Torvane.");
+    return AddInText(9, u"Failed to attach event handlers to Torvane.");
 }
 
 std::u16string StartFailedText(int32_t version)
 {
-    return FormatText(Translated(10, u"Failed to start Torvane %d."), version);
+    return FormatText(AddInText(10, u"Failed to start Torvane %d."), version);
 }
 
 std::u16string CloseFailedText()
 {
-    return Translated(11, u"Failed to close Torvane application.");
+    return AddInText(11, u"Failed to close Torvane application.");
 }
 
 std::u16string HideFailedText()
 {
-    return Translated(93, u"Failed to set Torvane main window as invisible.");
+    return AddInText(93, u"Failed to set Torvane main window as invisible.");
 }
 
 std::u16string RevisionFailedText()
 {
-    return Translated(94, u"Failed to get Torvane revision number.");
+    return AddInText(94, u"Failed to get Torvane revision number.");
 }
 
 std::u16string MacroFailedText(int32_t macroError)
 {
-    std::u16string text = Translated(12, u"Failed to run Torvane macro.");
+    std::u16string text = AddInText(12, u"Failed to run Torvane macro.");
     const auto reason = std::ranges::find(kMacroErrorReasons, macroError, &MacroErrorReason::code);
     if (reason != std::end(kMacroErrorReasons)) {
         text += u" ";
-        text += Translated(95, u"Reason:");
+        text += AddInText(95, u"Reason:");
         text += u" ";
-        text += Translated(reason->key, reason->text);
+        text += AddInText(reason->key, reason->text);
     }
     return text;
 }

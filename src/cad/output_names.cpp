@@ -12,8 +12,7 @@ constexpr uint32_t kNamed = 8;
 
 std::u16string NameOfAll(OutputKind kind)
 {
-    return kind == OutputKind::Sheet ? TSS_internal(170, u"TS", u"TVTaskAddIn", u"All sheets")
-                                     : TSS_internal(169, u"TS", u"TVTaskAddIn", u"All configurations");
+    return kind == OutputKind::Sheet ? AddInText(170, u"All sheets") : AddInText(169, u"All configurations");
 }
 
 } // namespace
