@@ -23,6 +23,11 @@ bool Choice(const Arguments& a, size_t index, bool otherwise)
     return choice == kUseDefault ? otherwise : choice != 0;
 }
 
+Value NumberOf(const Value& value)
+{
+    return value.IsNumeric() && value.Kind() != Type::Date ? value : Value(value.ToDouble());
+}
+
 /// \param parentheses whether negative numbers stand in brackets unless the macro says otherwise
 std::u16string NumberForm(const Arguments& a, std::u16string_view before, std::u16string_view behind, bool parentheses)
 {
@@ -42,17 +47,17 @@ std::u16string NumberForm(const Arguments& a, std::u16string_view before, std::u
 
 Value FormatNumber(Runtime&, const Arguments& a)
 {
-    return Value(FormatValue(Value(a[0].ToDouble()), NumberForm(a, u"", u"", false)));
+    return Value(FormatValue(NumberOf(a[0]), NumberForm(a, u"", u"", false)));
 }
 
 Value FormatCurrency(Runtime&, const Arguments& a)
 {
-    return Value(FormatValue(Value(a[0].ToDouble()), NumberForm(a, u"$", u"", true)));
+    return Value(FormatValue(NumberOf(a[0]), NumberForm(a, u"$", u"", true)));
 }
 
 Value FormatPercent(Runtime&, const Arguments& a)
 {
-    return Value(FormatValue(Value(a[0].ToDouble()), NumberForm(a, u"", u"%", false)));
+    return Value(FormatValue(NumberOf(a[0]), NumberForm(a, u"", u"%", false)));
 }
 
 Value FormatDateTime(Runtime&, const Arguments& a)

@@ -7,6 +7,7 @@
 #include "macro/text.h"
 
 #include <algorithm>
+#include <cmath>
 #include <unordered_map>
 
 namespace tv::macro {
@@ -42,7 +43,8 @@ Value IsNumericValue(Runtime&, const Arguments& a)
 {
     const Value& value = a.All()[0].Resolved();
     if (value.IsString()) {
-        return Value(ParseNumber(value.Text()).has_value());
+        std::optional<double> number = ParseNumber(value.Text());
+        return Value(number && std::isfinite(*number));
     }
     return Value(value.IsEmpty() || (value.IsNumeric() && value.Kind() != Type::Date));
 }
@@ -200,6 +202,8 @@ constexpr NumberConstant kNumberConstants[] = {
     {u"vberror", 10},
     {u"vbboolean", 11},
     {u"vbvariant", 12},
+    {u"vbdataobject", 13},
+    {u"vbdecimal", 14},
     {u"vbbyte", 17},
     {u"vblonglong", 20},
     {u"vbuserdefinedtype", 36},
@@ -220,6 +224,11 @@ constexpr NumberConstant kNumberConstants[] = {
     {u"vbdefaultbutton1", 0},
     {u"vbdefaultbutton2", 256},
     {u"vbdefaultbutton3", 512},
+    {u"vbdefaultbutton4", 768},
+    {u"vbmsgboxhelpbutton", 16384},
+    {u"vbmsgboxsetforeground", 65536},
+    {u"vbmsgboxright", 524288},
+    {u"vbmsgboxrtlreading", 1048576},
     {u"vbapplicationmodal", 0},
     {u"vbsystemmodal", 4096},
     {u"vbok", 1},
@@ -257,6 +266,10 @@ constexpr NumberConstant kNumberConstants[] = {
     {u"vbuppercase", 1},
     {u"vblowercase", 2},
     {u"vbpropercase", 3},
+    {u"vbwide", 4},
+    {u"vbnarrow", 8},
+    {u"vbkatakana", 16},
+    {u"vbhiragana", 32},
     {u"vbunicode", 64},
     {u"vbfromunicode", 128},
     {u"vbblack", 0},
@@ -273,6 +286,8 @@ constexpr NumberConstant kNumberConstants[] = {
     {u"vbnormalfocus", 1},
     {u"vbminimizedfocus", 2},
     {u"vbmaximizedfocus", 3},
+    {u"vbnormalnofocus", 4},
+    {u"vbminimizednofocus", 6},
     {u"vbmethod", 1},
     {u"vbget", 2},
     {u"vblet", 4},

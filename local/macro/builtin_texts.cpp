@@ -8,6 +8,7 @@
 #include "macro/text.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace tv::macro {
 
@@ -18,17 +19,18 @@ constexpr size_t kNotFound = std::u16string_view::npos;
 /// What an element of a list takes while the list is put together.
 constexpr size_t kPartBytes = 96;
 
-/// The compare argument: vbBinaryCompare 0, vbTextCompare 1; left out, what the function's rule says.
-bool IgnoresCase(const Arguments& arguments, size_t index, bool otherwise)
+/// The compare argument: vbUseCompareOption -1, vbBinaryCompare 0, vbTextCompare 1; left out, what the function's rule
+/// says.
+bool IgnoresCase(const Runtime& runtime, const Arguments& arguments, size_t index, bool otherwise)
 {
     if (!arguments.Has(index)) {
         return otherwise;
     }
     int32_t mode = arguments[index].ToLong();
-    if (mode < 0 || mode > 2) {
+    if (mode < -1 || mode > 2) {
         Raise(kInvalidCall);
     }
-    return mode == 1;
+    return mode == -1 ? runtime.compareText : mode == 1;
 }
 
 size_t Count(const Value& value)
@@ -40,13 +42,24 @@ size_t Count(const Value& value)
     return static_cast<size_t>(count);
 }
 
+/// The text of the value without a copy when it is one already: macros walk through long texts by Mid and InStr.
+const std::u16string& TextOf(const Value& value, std::u16string& storage)
+{
+    if (value.IsString()) {
+        return value.Text();
+    }
+    storage = value.ToText();
+    return storage;
+}
+
 /// A text function of Null is Null.
 template <Value (*Work)(const std::u16string&, const Arguments&)> Value OfText(Runtime&, const Arguments& arguments)
 {
     if (arguments[0].IsNull()) {
         return Value::Null();
     }
-    return Work(arguments[0].ToText(), arguments);
+    std::u16string converted;
+    return Work(TextOf(arguments[0], converted), arguments);
 }
 
 Value LeftOf(const std::u16string& text, const Arguments& a)
@@ -115,13 +128,14 @@ Value InStr(Runtime& runtime, const Arguments& a)
     if (start < 1) {
         Raise(kInvalidCall);
     }
-    std::u16string text = a[first].ToText();
+    std::u16string converted;
+    const std::u16string& text = TextOf(a[first], converted);
     std::u16string wanted = a[first + 1].ToText();
     size_t from = static_cast<size_t>(start) - 1;
     if (from >= text.size()) {
         return Value(int32_t{0});
     }
-    size_t found = FindText(text, wanted, from, IgnoresCase(a, 3, runtime.compareText));
+    size_t found = FindText(text, wanted, from, IgnoresCase(runtime, a, 3, runtime.compareText));
     return Value(found == kNotFound ? 0 : static_cast<int32_t>(found) + 1);
 }
 
@@ -146,8 +160,8 @@ Value InStrRev(Runtime& runtime, const Arguments& a)
     if (wanted.size() > end) {
         return Value(int32_t{0});
     }
-    size_t found = FindTextBackwards(std::u16string_view(text).substr(0, end), wanted, end,
-                                     IgnoresCase(a, 3, runtime.compareText));
+    size_t found =
+        FindTextBackwards(std::u16string_view(text).substr(0, end), wanted, end, IgnoresCase(runtime, a, 3, false));
     return Value(found == kNotFound ? 0 : static_cast<int32_t>(found) + 1);
 }
 
@@ -156,7 +170,8 @@ Value Replace(Runtime& runtime, const Arguments& a)
     if (a[0].IsNull()) {
         Raise(kInvalidUseOfNull);
     }
-    std::u16string text = a[0].ToText();
+    std::u16string converted;
+    const std::u16string& text = TextOf(a[0], converted);
     std::u16string wanted = a[1].ToText();
     std::u16string with = a[2].ToText();
     int32_t start = a.Has(3) ? a[3].ToLong() : 1;
@@ -164,7 +179,7 @@ Value Replace(Runtime& runtime, const Arguments& a)
     if (start < 1 || most < -1) {
         Raise(kInvalidCall);
     }
-    bool ignoreCase = IgnoresCase(a, 5, false);
+    bool ignoreCase = IgnoresCase(runtime, a, 5, false);
     size_t at = static_cast<size_t>(start) - 1;
     if (at >= text.size()) {
         return Value(u"");
@@ -187,12 +202,12 @@ Value Replace(Runtime& runtime, const Arguments& a)
     return Value(result.append(text, at));
 }
 
-Value Split(Runtime&, const Arguments& a)
+Value Split(Runtime& runtime, const Arguments& a)
 {
     std::u16string text = a[0].ToText();
     std::u16string delimiter = a.Has(1) ? a[1].ToText() : u" ";
     int32_t most = a.Has(2) ? a[2].ToLong() : -1;
-    bool ignoreCase = IgnoresCase(a, 3, false);
+    bool ignoreCase = IgnoresCase(runtime, a, 3, false);
     std::vector<std::u16string> parts;
     if (!text.empty() && most != 0) {
         size_t at = 0;
@@ -227,12 +242,12 @@ Value Join(Runtime&, const Arguments& a)
     return Value(std::move(result));
 }
 
-Value Filter(Runtime&, const Arguments& a)
+Value Filter(Runtime& runtime, const Arguments& a)
 {
     Ref<Array> array = a[0].ToArray();
     std::u16string wanted = a[1].ToText();
     bool include = !a.Has(2) || a[2].ToBoolean();
-    bool ignoreCase = IgnoresCase(a, 3, false);
+    bool ignoreCase = IgnoresCase(runtime, a, 3, false);
     std::vector<std::u16string> kept;
     for (const Value& item : array->items) {
         std::u16string text = item.ToText();
@@ -318,7 +333,7 @@ Value StrComp(Runtime& runtime, const Arguments& a)
     if (a[0].IsNull() || a[1].IsNull()) {
         return Value::Null();
     }
-    bool ignoreCase = IgnoresCase(a, 2, runtime.compareText);
+    bool ignoreCase = IgnoresCase(runtime, a, 2, runtime.compareText);
     return Value(static_cast<int16_t>(CompareTexts(a[0].ToText(), a[1].ToText(), ignoreCase)));
 }
 
@@ -391,6 +406,9 @@ Value Val(Runtime&, const Arguments& a)
             continue;
         }
         if (std::optional<double> number = ParseNumber(part)) {
+            if (std::isinf(*number)) {
+                Raise(kOverflow);
+            }
             return Value(*number);
         }
     }

@@ -76,6 +76,9 @@ void Compiler::EmitAssignmentToName(const Expression& target, const ValueEmitter
         if (NamedConstant(target.name, target.at)) {
             Fail(target.at, u"Assignment to constant not permitted");
         }
+        if (folded == u"date" || folded == u"time") {
+            Fail(target.at, u"Setting the " + folded + u" is not supported by this macro language");
+        }
         if (IsKnownName(folded)) {
             Fail(target.at,
                  u"Function call on left-hand side of assignment must return Variant or Object: " + target.name);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "macro/number_text.h"
 #include "macro/value.h"
 
 #include <optional>
@@ -24,13 +25,6 @@ Value InitialValue(Type declared);
 Ref<Array> BytesOfText(const Value& text);
 /// The text that an array of Byte gives; error 13 for other arrays.
 Value TextOfBytes(const Array& bytes);
-
-/// Reads a number as the conversions do: blanks around it, sign, thousands separators, exponent, &H and &O.
-std::optional<double> ParseNumber(std::u16string_view text);
-
-/// Up to 15 digits, with an exponent when the number is very large or very small.
-std::u16string NumberText(double number);
-std::u16string CurrencyText(int64_t scaled);
 
 /// Rounds half to even, as every conversion to whole numbers does.
 double RoundHalfEven(double number);

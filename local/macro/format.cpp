@@ -4,8 +4,10 @@
 #include "macro/dates.h"
 #include "macro/text.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdio>
+#include <cstdlib>
 
 namespace tv::macro {
 
@@ -160,18 +162,83 @@ NumberPattern ReadNumberPattern(std::u16string_view pattern)
     return read;
 }
 
-std::string FixedText(double number, size_t decimals)
+/// The digits of a number and where its point stands: 0.digits times ten to the power of point. Zero has no digits.
+struct Decimal
 {
-    // Formatting rounds half away from zero, seen on 15 digits.
-    char buffer[400];
-    double scale = std::pow(10.0, static_cast<double>(decimals));
-    double scaled = number * scale;
-    if (scaled < 1e15) {
-        std::snprintf(buffer, sizeof buffer, "%.15g", scaled);
-        number = std::floor(std::strtod(buffer, nullptr) + 0.5) / scale;
+    std::string digits;
+    int point = 0;
+    bool negative = false;
+
+    bool IsZero() const { return digits.empty(); }
+
+    /// Leading and trailing zeros tell nothing.
+    void Trim()
+    {
+        size_t zeros = std::min(digits.find_first_not_of('0'), digits.size());
+        digits.erase(0, zeros);
+        point -= static_cast<int>(zeros);
+        digits.erase(digits.find_last_not_of('0') + 1);
     }
-    std::snprintf(buffer, sizeof buffer, "%.*f", static_cast<int>(decimals), number);
-    return buffer;
+
+    char Digit(int index) const
+    {
+        return index >= 0 && static_cast<size_t>(index) < digits.size() ? digits[static_cast<size_t>(index)] : '0';
+    }
+
+    /// Leaves so many digits behind the point; a half is rounded away from zero.
+    void Round(int decimals)
+    {
+        int kept = point + decimals;
+        if (kept >= static_cast<int>(digits.size())) {
+            return;
+        }
+        bool up = kept >= 0 && Digit(kept) >= '5';
+        digits.erase(static_cast<size_t>(std::max(kept, 0)));
+        if (up) {
+            int at = kept - 1;
+            while (at >= 0 && digits[static_cast<size_t>(at)] == '9') {
+                --at;
+            }
+            digits.erase(static_cast<size_t>(at + 1));
+            if (at >= 0) {
+                ++digits[static_cast<size_t>(at)];
+            } else {
+                digits = "1";
+                ++point;
+            }
+        }
+        Trim();
+    }
+};
+
+/// Whole numbers and amounts to the last digit, floating numbers to the fifteen or seven that they show.
+Decimal DecimalOf(const Value& value)
+{
+    Decimal decimal;
+    switch (value.Kind()) {
+    case Type::Byte:
+    case Type::Integer:
+    case Type::Long:
+    case Type::LongLong:
+    case Type::Currency: {
+        decimal.negative = value.Whole() < 0;
+        decimal.digits = std::to_string(value.Whole()).substr(decimal.negative ? 1 : 0);
+        decimal.point = static_cast<int>(decimal.digits.size()) - (value.Kind() == Type::Currency ? 4 : 0);
+        break;
+    }
+    default: {
+        double number = value.ToDouble();
+        char buffer[48];
+        std::snprintf(buffer, sizeof buffer, "%.*E", value.Kind() == Type::Single ? 6 : 14, std::abs(number));
+        std::string text = buffer;
+        size_t mark = text.find('E');
+        decimal.negative = number < 0;
+        decimal.digits = text.substr(0, 1) + text.substr(2, mark - 2);
+        decimal.point = std::atoi(text.c_str() + mark + 1) + 1;
+    }
+    }
+    decimal.Trim();
+    return decimal;
 }
 
 /// Hands out the digits in front of the point, with commas between the thousands where they are grouped.
@@ -239,46 +306,49 @@ std::u16string FillPattern(const NumberPattern& read, std::u16string wholeText, 
     return result;
 }
 
-std::u16string FormatNumber(double number, std::u16string_view pattern)
+/// Shows a number without its sign. Zero is what the number was rounded to.
+std::u16string FormatNumber(Decimal& number, std::u16string_view pattern)
 {
     NumberPattern read = ReadNumberPattern(pattern);
-    if (read.decimals > 60) {
-        read.decimals = 60;
-    }
-    number = std::abs(number) * std::pow(100.0, read.percents) / std::pow(1000.0, read.thousands);
+    number.point += 2 * read.percents - 3 * read.thousands;
+    const int decimals = static_cast<int>(read.decimals);
     int exponent = 0;
-    if (read.isScientific && number != 0) {
-        exponent = static_cast<int>(std::floor(std::log10(number))) - static_cast<int>(read.wholePlaces) + 1;
-        number /= std::pow(10.0, exponent);
+    if (read.isScientific && !number.IsZero()) {
+        const int wholePlaces = static_cast<int>(read.wholePlaces);
+        exponent = number.point - wholePlaces;
+        number.point = wholePlaces;
+        number.Round(decimals);
+        // Rounding may have made one digit more.
+        exponent += number.point - wholePlaces;
+        number.point = wholePlaces;
     }
-    std::string text = FixedText(number, read.decimals);
-    size_t point = text.find('.');
-    std::u16string whole = Widen(text.substr(0, point));
-    std::u16string decimals = point == std::string::npos ? std::u16string() : Widen(text.substr(point + 1));
-    while (decimals.size() > read.leastDecimals && decimals.back() == u'0') {
-        decimals.pop_back();
+    number.Round(decimals);
+    std::u16string whole;
+    for (int i = 0; i < number.point && !number.IsZero(); ++i) {
+        whole.push_back(static_cast<char16_t>(number.Digit(i)));
     }
-    if (whole == u"0" && read.leastWhole == 0) {
-        whole.clear();
+    whole.insert(0, read.leastWhole - std::min(read.leastWhole, whole.size()), u'0');
+    std::u16string fraction;
+    for (int i = 0; i < decimals; ++i) {
+        fraction.push_back(static_cast<char16_t>(number.Digit(number.point + i)));
     }
-    while (whole.size() < read.leastWhole) {
-        whole.insert(whole.begin(), u'0');
+    while (fraction.size() > read.leastDecimals && fraction.back() == u'0') {
+        fraction.pop_back();
     }
-    return FillPattern(read, std::move(whole), decimals, exponent);
+    return FillPattern(read, std::move(whole), fraction, exponent);
 }
 
-std::u16string FormatNumberSections(double number, std::u16string_view pattern)
+std::u16string FormatNumberSections(Decimal number, std::u16string_view pattern)
 {
     std::vector<std::u16string> sections = Sections(pattern);
-    if (number < 0 && sections.size() > 1 && !sections[1].empty()) {
+    if (number.negative && sections.size() > 1 && !sections[1].empty()) {
         return FormatNumber(number, sections[1]);
     }
-    if (number == 0 && sections.size() > 2 && !sections[2].empty()) {
-        return FormatNumber(0, sections[2]);
+    if (number.IsZero() && sections.size() > 2 && !sections[2].empty()) {
+        return FormatNumber(number, sections[2]);
     }
     std::u16string text = FormatNumber(number, sections[0]);
-    bool isZero = text.find_first_of(u"123456789") == std::u16string::npos;
-    return number < 0 && !isZero ? u"-" + text : text;
+    return number.negative && !number.IsZero() ? u"-" + text : text;
 }
 
 std::u16string FormatTextPattern(const std::u16string& text, std::u16string_view pattern)
@@ -357,7 +427,8 @@ std::u16string FormatValue(const Value& given, std::u16string_view pattern, cons
     }
     if (value.IsNull()) {
         std::vector<std::u16string> sections = Sections(pattern);
-        return sections.size() > 3 ? FormatNumber(0, sections[3]) : std::u16string();
+        Decimal zero;
+        return sections.size() > 3 ? FormatNumber(zero, sections[3]) : std::u16string();
     }
     if (pattern.empty() || EqualIgnoringCase(pattern, u"general number")) {
         return value.ToText();
@@ -377,12 +448,15 @@ std::u16string FormatValue(const Value& given, std::u16string_view pattern, cons
         }
         return FormatDate(*date, namedDate.empty() ? pattern : namedDate, weeks);
     }
-    bool isText = value.IsString() || value.IsEmpty();
-    std::optional<double> number = isText ? ParseNumber(value.ToText()) : std::optional(value.ToDouble());
-    if (!number) {
-        return value.ToText();
+    if (!value.IsNumeric()) {
+        // A text that is a number counts as one.
+        std::optional<double> number = ParseNumber(value.ToText());
+        if (!number || !std::isfinite(*number)) {
+            return value.ToText();
+        }
+        return FormatNumberSections(DecimalOf(Value(*number)), namedNumber != nullptr ? namedNumber->pattern : pattern);
     }
-    return FormatNumberSections(*number, namedNumber != nullptr ? namedNumber->pattern : pattern);
+    return FormatNumberSections(DecimalOf(value), namedNumber != nullptr ? namedNumber->pattern : pattern);
 }
 
 } // namespace tv::macro

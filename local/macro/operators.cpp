@@ -54,7 +54,10 @@ int WholeRank(Type type)
     return type == Type::Byte ? 0 : type == Type::Integer ? 1 : type == Type::Long ? 2 : 3;
 }
 
-Type LargerWhole(Type left, Type right) { return WholeRank(left) >= WholeRank(right) ? left : right; }
+Type LargerWhole(Type left, Type right)
+{
+    return WholeRank(left) >= WholeRank(right) ? left : right;
+}
 
 Type ArithmeticKind(Operator operation, Type leftType, Type rightType)
 {
@@ -143,23 +146,29 @@ double FloatingResult(Operator operation, double left, double right)
     }
 }
 
+/// The product of two amounts in ten-thousandths, rounded half to even.
+int64_t CurrencyProduct(int64_t a, int64_t b)
+{
+    __extension__ using Wide = __int128;
+    const Wide product = static_cast<Wide>(a) * b;
+    Wide quotient = product / 10000;
+    const Wide rest = product < 0 ? -(product % 10000) : product % 10000;
+    if (rest > 5000 || (rest == 5000 && quotient % 2 != 0)) {
+        quotient += product < 0 ? -1 : 1;
+    }
+    if (quotient > std::numeric_limits<int64_t>::max() || quotient < std::numeric_limits<int64_t>::min()) {
+        Raise(kOverflow);
+    }
+    return static_cast<int64_t>(quotient);
+}
+
 Value CurrencyResult(Operator operation, const Value& left, const Value& right)
 {
     int64_t a = CoerceTo(Type::Currency, left).Whole();
     int64_t b = CoerceTo(Type::Currency, right).Whole();
     int64_t result = 0;
     if (operation == Operator::Multiply) {
-        double product = RoundHalfEven(static_cast<double>(a) / 10000.0 * static_cast<double>(b));
-        if (std::abs(product) >= 9223372036854775807.0) {
-            Raise(kOverflow);
-        }
-        if (!__builtin_mul_overflow(a, b, &result)) {
-            int64_t quotient = result / 10000;
-            int64_t rest = std::abs(result % 10000);
-            bool up = rest > 5000 || (rest == 5000 && quotient % 2 != 0);
-            return Value::FromCurrency(quotient + (up ? (result < 0 ? -1 : 1) : 0));
-        }
-        return Value::FromCurrency(static_cast<int64_t>(product));
+        return Value::FromCurrency(CurrencyProduct(a, b));
     }
     if (WholeOverflows(operation, a, b, result)) {
         Raise(kOverflow);
@@ -220,9 +229,7 @@ Type WholeKindOf(Type type)
 Value DivideWhole(Operator operation, const Value& left, const Value& right, bool widens)
 {
     Type kind = LargerWhole(WholeKindOf(left.Kind()), WholeKindOf(right.Kind()));
-    auto whole = [](const Value& value) {
-        return CoerceTo(WholeKindOf(value.Kind()), value).Whole();
-    };
+    auto whole = [](const Value& value) { return CoerceTo(WholeKindOf(value.Kind()), value).Whole(); };
     int64_t a = whole(left);
     int64_t b = whole(right);
     if (b == 0) {
