@@ -19,14 +19,14 @@ VariableIds ReadVariableIds(IVyxVault* vault)
     ComPtr<IVyxPos> position;
     ThrowIfFailed(manager->GetFirstVariablePosition(position.put()));
     for (VariantBool atEnd = kVariantFalse;;) {
-        ThrowIfFailed(position->IsNull(&atEnd));
+        ThrowIfFailed(Needed(position).IsNull(&atEnd));
         if (atEnd != kVariantFalse) {
             return ids;
         }
         ComPtr<IVyxVariable> variable;
         BString name;
         ThrowIfFailed(manager->GetNextVariable(position.get(), variable.put()));
-        ThrowIfFailed(variable->GetName(name.put()));
+        ThrowIfFailed(Needed(variable).GetName(name.put()));
         ids.emplace(name.Text(), IdOf(variable));
     }
 }

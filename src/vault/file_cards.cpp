@@ -7,6 +7,7 @@
 #include "vault/vault_access.h"
 
 #include <optional>
+#include <unordered_map>
 
 namespace tv {
 
@@ -29,8 +30,8 @@ SourceCard ReadCard(const ComPtr<IVyxFile>& file, TaskFile& source)
     SourceCard card;
     VyxVersionInfo info{};
     const Variant version = Variant::FromInt(source.version);
-    ThrowIfFailed(
-        reader->GetVersionVariables(version.get(), source.folderId, card.variables.put(), card.values.put(), &info));
+    ThrowIfFailed(Needed(reader).GetVersionVariables(version.get(), source.folderId, card.variables.put(),
+                                                     card.values.put(), &info));
     source.latestVersion = info.currentVersion;
     source.revision = BString::Adopt(info.revision).Text();
     source.state = BString::Adopt(info.state).Text();
@@ -47,20 +48,49 @@ ComPtr<IVyxVariableValue> ObjectIn(const VARIANT& element)
     return object;
 }
 
-/// Nothing when the card doesn't hold the variable.
-std::optional<Variant> CardValue(const SourceCard& card, int32_t variableId, const std::u16string& configuration)
+/// The variables of one card. They are asked for their ids one after the other, as far as a search has to go, and each
+/// of them once, however many rows search.
+class CardVariables
 {
-    const SafeArrayView<VARIANT> variables(card.variables.get());
-    for (const VARIANT& element : variables) {
-        const ComPtr<IVyxVariableValue> object = ObjectIn(element);
-        if (!object || IdOf(object) != variableId) {
-            continue;
+  public:
+    explicit CardVariables(const SourceCard& card) : elements(card.variables.get()) {}
+
+    /// The first variable with the id; null when the card doesn't hold it.
+    IVyxVariableValue* Find(int32_t variableId)
+    {
+        if (const auto found = known.find(variableId); found != known.end()) {
+            return found->second.get();
         }
-        Variant value;
-        const Result result = ThrowIfFailed(object->GetValue(configuration.c_str(), value.put()));
-        return result == 0 ? std::optional(value) : std::nullopt;
+        while (next < elements.size()) {
+            const ComPtr<IVyxVariableValue> object = ObjectIn(elements[next++]);
+            if (!object) {
+                continue;
+            }
+            const int32_t id = IdOf(object);
+            known.emplace(id, object);
+            if (id == variableId) {
+                return object.get();
+            }
+        }
+        return nullptr;
     }
-    return std::nullopt;
+
+  private:
+    SafeArrayView<VARIANT> elements;
+    std::unordered_map<int32_t, ComPtr<IVyxVariableValue>> known;
+    size_t next = 0;
+};
+
+/// Nothing when the card doesn't hold the variable, or not for the configuration.
+std::optional<Variant> CardValue(CardVariables& card, int32_t variableId, const std::u16string& configuration)
+{
+    IVyxVariableValue* variable = card.Find(variableId);
+    if (variable == nullptr) {
+        return std::nullopt;
+    }
+    Variant value;
+    const Result result = ThrowIfFailed(variable->GetValue(configuration.c_str(), value.put()));
+    return result == 0 ? std::optional(value) : std::nullopt;
 }
 
 int32_t VersionOfRun(const TaskFile& source)
@@ -69,8 +99,7 @@ int32_t VersionOfRun(const TaskFile& source)
 }
 
 /// Nothing for a row that isn't written.
-std::optional<Variant> ValueOf(const FileCardRow& row, const TaskFile& output, const SourceCard& card,
-                               ClockService& clock)
+std::optional<Variant> ValueOf(const FileCardRow& row, const TaskFile& output, CardVariables& card, ClockService& clock)
 {
     const TaskFile& source = *output.source;
     switch (row.source) {
@@ -99,8 +128,9 @@ std::optional<Variant> ValueOf(const FileCardRow& row, const TaskFile& output, c
 void QueueCard(IVyxBatchUpdate& batch, const std::vector<FileCardRow>& rows, const TaskFile& output,
                const SourceCard& card, ClockService& clock)
 {
+    CardVariables variables(card);
     for (const FileCardRow& row : rows) {
-        if (const auto value = ValueOf(row, output, card, clock)) {
+        if (const auto value = ValueOf(row, output, variables, clock)) {
             ThrowIfFailed(batch.SetCardValue(output.fileId, row.destinationId, value->get(), 0, kWriteFlag));
         }
     }

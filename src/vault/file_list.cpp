@@ -47,10 +47,20 @@ void AppendRecord(pugi::xml_node root, const TaskFile& file, int32_t taskKind)
     }
 }
 
+/// A reader takes a bare carriage return for a line feed, so it is written by its number. Only texts hold any.
 class Utf8Writer final : public pugi::xml_writer
 {
   public:
-    void write(const void* data, size_t size) override { bytes.append(static_cast<const char*>(data), size); }
+    void write(const void* data, size_t size) override
+    {
+        std::string_view rest(static_cast<const char*>(data), size);
+        for (size_t end = rest.find('\r'); end != std::string_view::npos; end = rest.find('\r')) {
+            bytes.append(rest.substr(0, end)).append("&#13;");
+            rest.remove_prefix(end + 1);
+        }
+        bytes.append(rest);
+    }
+
     std::string bytes;
 };
 
@@ -101,6 +111,16 @@ void ReadElement(pugi::xml_node element, TaskFile& file)
     }
 }
 
+/// True for a text with two roots.
+bool HasElementBehind(pugi::xml_node root)
+{
+    pugi::xml_node next = root.next_sibling();
+    while (next && next.type() != pugi::node_element) {
+        next = next.next_sibling();
+    }
+    return static_cast<bool>(next);
+}
+
 } // namespace
 
 std::u16string FileListText(const std::vector<TaskFile>& files, int32_t taskKind)
@@ -119,14 +139,16 @@ std::u16string FileListText(const std::vector<TaskFile>& files, int32_t taskKind
 
 void ParseFileList(std::u16string_view text, std::vector<TaskFile>& files)
 {
-    const std::string bytes = ToUtf8(text, kNames);
+    std::string bytes = ToUtf8(text, kNames);
     pugi::xml_document document;
     // A name may consist of blanks.
     constexpr unsigned int kOptions = pugi::parse_default | pugi::parse_ws_pcdata_single;
-    if (!document.load_buffer(bytes.data(), bytes.size(), kOptions, pugi::encoding_utf8)) {
+    const bool isRead = document.load_buffer_inplace(bytes.data(), bytes.size(), kOptions, pugi::encoding_utf8);
+    const pugi::xml_node root = document.document_element();
+    if (!isRead || HasElementBehind(root)) {
         throw ResultError(E_FAIL);
     }
-    for (pugi::xml_node record : document.document_element().children("sel")) {
+    for (pugi::xml_node record : root.children("sel")) {
         TaskFile file;
         for (pugi::xml_node element : record.children()) {
             ReadElement(element, file);

@@ -49,8 +49,8 @@ void VaultFiles::LockExistingLog(std::u16string_view path)
     // A log that can't be checked out costs its entries, not the run.
     AtBoundary([&] {
         VaultPlace place;
-        if (FindInVault(vault.get(), CanonicalPath(path), place) == 0) {
-            LockIfUnlocked(place.file, IdOf(place.folder));
+        if (FindInVault(vault.get(), CanonicalPath(path), place) == 0 && !IsLocked(place.file)) {
+            place.file->LockFile(IdOf(place.folder), 0, 0);
         }
         return 0;
     });

@@ -90,7 +90,7 @@ Result VaultFiles::PrepareVaultFile(const VaultPlace& place, TaskFile& output)
 void VaultFiles::RemoveFromVault(const VaultPlace& place, TaskFile& output)
 {
     NotifyVaultClient(platform.pipes, kNotifyOfFile, output.path);
-    ThrowIfFailed(place.folder->DeleteFile(0, output.fileId, kAllVersions));
+    ThrowIfFailed(Needed(place.folder).DeleteFile(0, output.fileId, kAllVersions));
     output.fileId = 0;
 }
 
@@ -98,7 +98,9 @@ void VaultFiles::CheckOutForNewVersion(const VaultPlace& place, TaskFile& output
 {
     output.folderId = IdOf(place.folder);
     output.version = CurrentVersionOf(place.file);
-    LockIfUnlocked(place.file, output.folderId);
+    if (!IsLocked(place.file)) {
+        ThrowIfFailed(place.file->LockFile(output.folderId, 0, 0));
+    }
     output.inVault = true;
 }
 

@@ -28,15 +28,6 @@ bool HasExtensionOf(std::u16string_view path, std::span<const std::u16string_vie
     return std::ranges::any_of(extensions, [&](std::u16string_view one) { return EqualIgnoringCase(one, extension); });
 }
 
-/// A missing utility is noticed where it is first used.
-template <typename Utility> Utility& Needed(const ComPtr<Utility>& utility)
-{
-    if (!utility) {
-        throw ResultError(E_POINTER);
-    }
-    return *utility.get();
-}
-
 std::unique_ptr<TaskFile> SelectedFile(const VyxCmdData& element)
 {
     auto file = std::make_unique<TaskFile>();
@@ -164,6 +155,7 @@ void VaultFiles::FetchLocalCopies(IVyxTaskInstance* instance, IVyxVault* vaultOf
 {
     ComPtr<IUnknown> utility;
     ThrowIfFailed(vaultOfCommand->CreateUtility(kUtilityBatchGet, utility.put()));
+    // A missing utility is noticed where it is first used.
     ComPtr<IVyxBatchGet> batch;
     utility.As(batch);
     for (const auto& file : list) {

@@ -17,14 +17,22 @@ struct VaultPlace
     ComPtr<IVyxFile> file;
 };
 
+/// An object that the vault said it gave; E_POINTER is raised where it gave none.
+template <typename Object> Object& Needed(const ComPtr<Object>& object)
+{
+    if (!object) {
+        throw ResultError(E_POINTER);
+    }
+    return *object.get();
+}
+
 /// Looks a path up: 0 found, 1 not in the vault.
 inline Result FindInVault(IVyxVault* vault, const std::u16string& path, VaultPlace& place)
 {
     if (vault == nullptr) {
         return E_POINTER;
     }
-    const Result result = vault->GetFileFromPath(path.c_str(), place.folder.put(), place.file.put());
-    return result == 0 && (!place.folder || !place.file) ? E_POINTER : result;
+    return vault->GetFileFromPath(path.c_str(), place.folder.put(), place.file.put());
 }
 
 /// Makes a batch utility; E_NOINTERFACE when what the vault made is another.
@@ -42,25 +50,22 @@ template <typename Utility> Result MakeUtility(IVyxVault* vault, int32_t number,
 template <typename Object> int32_t IdOf(const ComPtr<Object>& object)
 {
     int32_t id = 0;
-    ThrowIfFailed(object->GetID(&id));
+    ThrowIfFailed(Needed(object).GetID(&id));
     return id;
 }
 
 inline int32_t CurrentVersionOf(const ComPtr<IVyxFile>& file)
 {
     int32_t version = 0;
-    ThrowIfFailed(file->GetCurrentVersion(&version));
+    ThrowIfFailed(Needed(file).GetCurrentVersion(&version));
     return version;
 }
 
-/// Checks a file out unless it is checked out already; a failure is raised.
-inline void LockIfUnlocked(const ComPtr<IVyxFile>& file, int32_t folderId)
+inline bool IsLocked(const ComPtr<IVyxFile>& file)
 {
     VariantBool locked = kVariantFalse;
-    ThrowIfFailed(file->IsLocked(&locked));
-    if (locked == kVariantFalse) {
-        ThrowIfFailed(file->LockFile(folderId, 0, 0));
-    }
+    ThrowIfFailed(Needed(file).IsLocked(&locked));
+    return locked != kVariantFalse;
 }
 
 } // namespace tv

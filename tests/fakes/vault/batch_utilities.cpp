@@ -4,6 +4,10 @@
 #include "com/safe_array.h"
 #include "support/format.h"
 #include "support/paths.h"
+#include "support/text_compare.h"
+
+#include <algorithm>
+#include <unordered_set>
 
 namespace tv::fakes {
 
@@ -28,7 +32,16 @@ void MakeFolders(FileService& disk, const std::u16string& path)
     disk.CreateDirectory(path);
 }
 
-/// Fetches files; with a disk, their local copies are written.
+Result RequireFileIn(VaultWorld& world, int32_t fileId, int32_t folderId)
+{
+    const FakeFile* file = world.FindFile(fileId);
+    if (file == nullptr) {
+        return kVaultFileNotFound;
+    }
+    return file->folderId == folderId ? 0 : kVaultFolderNotFound;
+}
+
+/// Fetches files and what they refer to; with a disk, their local copies are written.
 class BatchGet final : public ComObject<IVyxBatchGet>
 {
   public:
@@ -40,8 +53,14 @@ class BatchGet final : public ComObject<IVyxBatchGet>
         if (const Result fault = world->script.Enter("BatchGet.AddSelection", details)) {
             return fault;
         }
-        selected.push_back(fileId);
-        return version->vt == VT_I4 ? 0 : E_INVALIDARG;
+        if (version->vt != VT_I4) {
+            return E_INVALIDARG;
+        }
+        const Result known = RequireFileIn(*world, fileId, folderId);
+        if (known == 0) {
+            selected.push_back(fileId);
+        }
+        return known;
     }
 
     Result TV_CALL CreateTree(WindowHandle, int32_t flags) override
@@ -54,18 +73,30 @@ class BatchGet final : public ComObject<IVyxBatchGet>
         if (const Result fault = world->script.Enter("BatchGet.GetFiles")) {
             return fault;
         }
-        for (int32_t id : selected) {
-            WriteLocalCopy(world->FindFile(id));
+        std::unordered_set<int32_t> seen(selected.begin(), selected.end());
+        for (std::vector<int32_t> waiting = std::move(selected); !waiting.empty();) {
+            const FakeFile* file = world->FindFile(waiting.back());
+            waiting.pop_back();
+            if (file == nullptr) {
+                return kVaultFileNotFound;
+            }
+            WriteLocalCopy(*file);
+            for (const VyxSelectionPair& source : file->references) {
+                if (world->FindFile(source.fileId) != nullptr && seen.insert(source.fileId).second) {
+                    waiting.push_back(source.fileId);
+                }
+            }
         }
+        selected.clear();
         return 0;
     }
 
   private:
-    void WriteLocalCopy(const FakeFile* file)
+    void WriteLocalCopy(const FakeFile& file)
     {
-        if (world->disk != nullptr && file != nullptr && !world->disk->FileExists(file->path)) {
-            MakeFolders(*world->disk, FolderOf(file->path));
-            if (const auto copy = world->disk->OpenForAppend(file->path)) {
+        if (world->disk != nullptr && !world->disk->FileExists(file.path)) {
+            MakeFolders(*world->disk, FolderOf(file.path));
+            if (const auto copy = world->disk->OpenForAppend(file.path)) {
                 copy->Write(std::string_view("content"));
             }
         }
@@ -98,7 +129,8 @@ class BatchList final : public ComObject<IVyxBatchList>
         if (const Result fault = world->script.Enter("BatchList.CreateList", columns)) {
             return fault;
         }
-        *files = Records();
+        FindFiles();
+        *files = MakeRecordArray(std::span<const VyxListFile>(records)).release();
         return 0;
     }
 
@@ -107,14 +139,14 @@ class BatchList final : public ComObject<IVyxBatchList>
         if (const Result fault = world->script.Enter("BatchList.GetFileList")) {
             return fault;
         }
-        *files = Records();
+        *files = MakeRecordArray(std::span<const VyxListFile>(records)).release();
         return 0;
     }
 
   private:
-    SAFEARRAY* Records()
+    void FindFiles()
     {
-        std::vector<VyxListFile> records;
+        records.clear();
         for (const std::u16string& path : paths) {
             if (const FakeFile* file = world->FindFile(path)) {
                 VyxListFile record{};
@@ -123,11 +155,11 @@ class BatchList final : public ComObject<IVyxBatchList>
                 records.push_back(record);
             }
         }
-        return MakeRecordArray(std::span<const VyxListFile>(records)).release();
     }
 
     WorldPtr world;
     std::vector<std::u16string> paths;
+    std::vector<VyxListFile> records;
 };
 
 /// Adds files. What was added is checked out by its adder until it is checked in.
@@ -142,6 +174,9 @@ class BatchAdd final : public ComObject<IVyxBatchAdd>
         const std::u16string details = std::u16string(localPath) + u" -> " + folderPath;
         if (const Result fault = world->script.Enter("BatchAdd.AddFileFromPathToPath", details)) {
             return fault;
+        }
+        if (world->disk != nullptr && !world->disk->FileExists(localPath)) {
+            return kVaultFileNotFound;
         }
         if (!IsInVault(folderPath)) {
             return kVaultFolderNotFound;
@@ -159,6 +194,7 @@ class BatchAdd final : public ComObject<IVyxBatchAdd>
         for (const Queued& file : queue) {
             added.push_back(Add(file));
         }
+        queue.clear();
         *count = static_cast<int32_t>(added.size());
         *results = MakeRecordArray(std::span<const VyxAddResult>(added)).release();
         return 0;
@@ -171,7 +207,11 @@ class BatchAdd final : public ComObject<IVyxBatchAdd>
         std::u16string folder;
     };
 
-    bool IsInVault(std::u16string_view folder) const { return folder.starts_with(world->root); }
+    bool IsInVault(std::u16string_view folder) const
+    {
+        const size_t length = world->root.size();
+        return StartsWithIgnoringCase(folder, world->root) && (folder.size() == length || folder[length] == u'\\');
+    }
 
     int32_t FolderId(const std::u16string& path)
     {
@@ -187,9 +227,7 @@ class BatchAdd final : public ComObject<IVyxBatchAdd>
     {
         VyxAddResult result{};
         result.path = AllocateText(queued.path);
-        if (world->disk != nullptr && !world->disk->FileExists(queued.path)) {
-            result.result = kVaultLocalFileNotFound;
-        } else if (world->FindFile(queued.path) != nullptr) {
+        if (world->FindFile(queued.path) != nullptr) {
             result.result = E_VYX_NAME_ALREADY_EXISTS;
         } else if (const int32_t folder = FolderId(queued.folder); world->FindFolder(folder)->readOnly) {
             result.result = kVaultPermissionDenied;
@@ -221,11 +259,12 @@ class BatchUnlock final : public ComObject<IVyxBatchUnlock>
 
     Result TV_CALL AddSelection(IVyxVault*, SAFEARRAY* selection) override
     {
-        selected = PairsOf(selection);
+        const std::vector<VyxSelectionPair> pairs = PairsOf(selection);
         std::u16string details;
-        for (const VyxSelectionPair& pair : selected) {
+        for (const VyxSelectionPair& pair : pairs) {
             details += (details.empty() ? u"" : u", ") + Pair(pair.fileId, pair.folderId);
         }
+        selected.insert(selected.end(), pairs.begin(), pairs.end());
         return world->script.Enter("BatchUnlock.AddSelection", details);
     }
 
@@ -242,28 +281,32 @@ class BatchUnlock final : public ComObject<IVyxBatchUnlock>
         }
         Result result = 0;
         for (const VyxSelectionPair& pair : selected) {
-            const Result checkedIn = CheckIn(world->FindFile(pair.fileId));
+            const Result known = RequireFileIn(*world, pair.fileId, pair.folderId);
+            const Result checkedIn = known == 0 ? CheckIn(*world->FindFile(pair.fileId)) : known;
             result = result == 0 ? checkedIn : result;
         }
+        selected.clear();
         return result;
     }
 
   private:
-    Result CheckIn(FakeFile* file)
+    Result CheckIn(FakeFile& file)
     {
-        if (file == nullptr) {
-            return kVaultFileNotFound;
-        }
-        if (file->lockedBy != world->user) {
+        if (file.lockedBy != world->user) {
             return kVaultNotLockedByYou;
         }
-        if (!file->isNew) {
-            const FakeVersion last = file->versions.empty() ? FakeVersion{} : file->versions.rbegin()->second;
-            file->versions[file->CurrentVersion() + 1] = last;
+        if (!file.isNew) {
+            const FakeVersion last = file.versions.empty() ? FakeVersion{} : file.versions.rbegin()->second;
+            file.versions[file.CurrentVersion() + 1] = last;
         }
-        file->versions.rbegin()->second.comment = comment;
-        file->isNew = false;
-        file->lockedBy.clear();
+        FakeVersion& version = file.versions.rbegin()->second;
+        for (const auto& [variable, value] : file.nextCard) {
+            version.card[u""][variable] = value;
+        }
+        version.comment = comment;
+        file.nextCard.clear();
+        file.isNew = false;
+        file.lockedBy.clear();
         return 0;
     }
 
@@ -293,16 +336,18 @@ class BatchUpdate final : public ComObject<IVyxBatchUpdate>
         if (const Result fault = world->script.Enter("BatchUpdate.CommitUpdate")) {
             return fault;
         }
-        *errors = nullptr;
-        for (Queued& update : queue) {
-            FakeFile* file = world->FindFile(update.fileId);
-            if (file == nullptr) {
-                return kVaultFileNotFound;
+        Result result = 0;
+        std::vector<Result> refused;
+        for (const Queued& update : queue) {
+            const Result written = Write(update);
+            result = written == kVaultFileNotFound ? written : result;
+            if (written != 0) {
+                refused.push_back(written);
             }
-            file->cardUpdates[update.variableId] = update.value;
         }
         queue.clear();
-        return 0;
+        *errors = refused.empty() ? nullptr : ErrorArray(refused).release();
+        return result;
     }
 
   private:
@@ -312,6 +357,33 @@ class BatchUpdate final : public ComObject<IVyxBatchUpdate>
         int32_t variableId;
         Variant value;
     };
+
+    /// What is written to a checked-out file belongs to the version of its check-in.
+    Result Write(const Queued& update)
+    {
+        FakeFile* file = world->FindFile(update.fileId);
+        if (file == nullptr) {
+            return kVaultFileNotFound;
+        }
+        if (!world->variables.contains(update.variableId)) {
+            return kVaultVariableNotFound;
+        }
+        file->cardUpdates[update.variableId] = update.value;
+        if (file->isNew || file->lockedBy.empty()) {
+            file->versions.rbegin()->second.card[u""][update.variableId] = update.value;
+        } else {
+            file->nextCard[update.variableId] = update.value;
+        }
+        return 0;
+    }
+
+    static SafeArray ErrorArray(const std::vector<Result>& codes)
+    {
+        SafeArray array = SafeArray::Vector(VT_I4, static_cast<uint32_t>(codes.size()));
+        const SafeArrayView<int32_t> view(array.get());
+        std::ranges::copy(codes, view.begin());
+        return array;
+    }
 
     WorldPtr world;
     std::vector<Queued> queue;
@@ -333,7 +405,13 @@ class BatchRefs final : public ComObject<IVyxBatchRefs>
         if (const Result fault = world->script.Enter("BatchRefs.AddReferences", details)) {
             return fault;
         }
+        if (world->FindFile(parentFileId) == nullptr) {
+            return kVaultFileNotFound;
+        }
         for (const VyxSelectionPair& pair : pairs) {
+            if (const Result known = RequireFileIn(*world, pair.fileId, pair.folderId); known != 0) {
+                return known;
+            }
             queue.push_back({parentFileId, pair});
         }
         return 0;

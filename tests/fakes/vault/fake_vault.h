@@ -18,12 +18,13 @@ namespace tv::fakes {
 
 /// Failures of the simulated vault.
 inline constexpr Result kVaultPermissionDenied = static_cast<Result>(0x80040203u);
+inline constexpr Result kVaultEndOfList = static_cast<Result>(0x80040208u);
 inline constexpr Result kVaultNotLockedByYou = static_cast<Result>(0x80040210u);
 inline constexpr Result kVaultFileIsLocked = static_cast<Result>(0x80040211u);
 inline constexpr Result kVaultLockedByAnother = static_cast<Result>(0x80040212u);
 inline constexpr Result kVaultFileNotFound = static_cast<Result>(0x80040213u);
 inline constexpr Result kVaultFolderNotFound = static_cast<Result>(0x80040214u);
-inline constexpr Result kVaultLocalFileNotFound = static_cast<Result>(0x80040285u);
+inline constexpr Result kVaultVariableNotFound = static_cast<Result>(0x80040252u);
 
 /// What a file's card holds: values by configuration name and variable id.
 using FakeCard = std::map<std::u16string, std::map<int32_t, Variant>>;
@@ -44,7 +45,8 @@ struct FakeFile
     std::map<int32_t, FakeVersion> versions; ///< by number, from 1
     std::u16string lockedBy;                 ///< empty when the file is checked in
     bool isNew = false;                      ///< added and not yet checked in
-    std::map<int32_t, Variant> cardUpdates;  ///< what a batch update wrote, by variable id
+    std::map<int32_t, Variant> cardUpdates;  ///< what batch updates wrote, by variable id
+    std::map<int32_t, Variant> nextCard;     ///< the part of it that waits for the version of the check-in
     std::vector<VyxSelectionPair> references;
 
     int32_t CurrentVersion() const { return versions.empty() ? 0 : versions.rbegin()->first; }

@@ -21,11 +21,12 @@ constexpr ErrorWords kErrorWords[] = {
     {E_INVALIDARG, u"E_INVALIDARG", u"An invalid argument was given to the method."},
     {E_VYX_NAME_ALREADY_EXISTS, u"E_VYX_NAME_ALREADY_EXISTS", u"The name is taken."},
     {kVaultPermissionDenied, u"E_VYX_PERMISSION_DENIED", u"You don't have permission to perform this action."},
+    {kVaultEndOfList, u"E_VYX_END_OF_LIST", u"The list has no more elements."},
     {kVaultNotLockedByYou, u"E_VYX_FILE_NOT_LOCKED_BY_YOU", u"The file isn't checked out by you."},
     {kVaultLockedByAnother, u"E_VYX_LOCKED_BY_ANOTHER_USER", u"The file in question is checked out by another user."},
     {kVaultFileNotFound, u"E_VYX_FILE_NOT_FOUND", u"The file could not be found."},
     {kVaultFolderNotFound, u"E_VYX_FOLDER_NOT_FOUND", u"The folder could not be found."},
-    {kVaultLocalFileNotFound, u"E_VYX_LOCAL_FILE_NOT_FOUND", u"There is no local copy of the file."},
+    {kVaultVariableNotFound, u"E_VYX_VARIABLE_NOT_FOUND", u"The specified card variable is missing."},
 };
 
 std::u16string Number(int32_t number)
@@ -50,8 +51,16 @@ class Position final : public ComObject<IVyxPos>
         return 0;
     }
 
-    /// The id at the place, which moves on; 0 at the end.
-    int32_t Take() { return next < ids.size() ? ids[next++] : 0; }
+    /// Makes an object of the id at the place, which moves on.
+    template <typename Make> static Result Take(IVyxPos* position, Make&& make)
+    {
+        Position& own = *static_cast<Position*>(position);
+        if (own.next == own.ids.size()) {
+            return kVaultEndOfList;
+        }
+        make(own.ids[own.next++]);
+        return 0;
+    }
 
   private:
     std::vector<int32_t> ids;
@@ -118,7 +127,10 @@ class CardReader final : public ComObject<IVyxEnumeratorVariable>
         if (file == nullptr) {
             return kVaultFileNotFound;
         }
-        const int32_t number = version->lVal == 0 ? file->CurrentVersion() : version->lVal;
+        if (file->folderId != folderId) {
+            return kVaultFolderNotFound;
+        }
+        const int32_t number = version->lVal <= 0 ? file->CurrentVersion() : version->lVal;
         const auto found = file->versions.find(number);
         if (found == file->versions.end()) {
             return kVaultFileNotFound;
@@ -200,11 +212,14 @@ class FileObject final : public ComObject<IVyxFile>
         });
     }
 
-    Result TV_CALL LockFile(int32_t, int32_t, int32_t) override
+    Result TV_CALL LockFile(int32_t folderId, int32_t, int32_t) override
     {
         return Answer("File.LockFile", [&](FakeFile& file) -> Result {
-            if (world->LockedByAnother(file)) {
-                return kVaultLockedByAnother;
+            if (file.folderId != folderId) {
+                return kVaultFolderNotFound;
+            }
+            if (!file.lockedBy.empty()) {
+                return world->LockedByAnother(file) ? kVaultLockedByAnother : kVaultFileIsLocked;
             }
             const FakeFolder* folder = world->FindFolder(file.folderId);
             if (folder != nullptr && folder->readOnly) {
@@ -295,8 +310,7 @@ class FolderObject final : public ComObject<IVyxFolder>
     Result TV_CALL GetNextFile(IVyxPos* position, IVyxFile** file) override
     {
         return Answer("Folder.GetNextFile", [&](FakeFolder&) {
-            *file = MakeObject<FileObject>(world, static_cast<Position*>(position)->Take()).release();
-            return 0;
+            return Position::Take(position, [&](int32_t id) { *file = MakeObject<FileObject>(world, id).release(); });
         });
     }
 
@@ -311,8 +325,8 @@ class FolderObject final : public ComObject<IVyxFolder>
     Result TV_CALL GetNextSubFolder(IVyxPos* position, IVyxFolder** folder) override
     {
         return Answer("Folder.GetNextSubFolder", [&](FakeFolder&) {
-            *folder = MakeObject<FolderObject>(world, static_cast<Position*>(position)->Take()).release();
-            return 0;
+            return Position::Take(position,
+                                  [&](int32_t id) { *folder = MakeObject<FolderObject>(world, id).release(); });
         });
     }
 
@@ -331,6 +345,10 @@ class FolderObject final : public ComObject<IVyxFolder>
         }
         if (world->FindFolder(folderId)->readOnly) {
             return kVaultPermissionDenied;
+        }
+        if (world->disk != nullptr) {
+            world->disk->ClearReadOnly(file->path);
+            world->disk->DeleteFile(file->path);
         }
         world->files.erase(fileId);
         return 0;
@@ -403,6 +421,9 @@ class VaultObject final : public ComObject<IVyxVault, IVyxVariableMgr>
         if (const Result fault = world->script.Enter("Vault.GetFolderFromPath", path)) {
             return fault;
         }
+        if (path[0] == u'\0') {
+            return E_INVALIDARG;
+        }
         const FakeFolder* found = world->FindFolder(path);
         if (found == nullptr) {
             return 1;
@@ -415,6 +436,9 @@ class VaultObject final : public ComObject<IVyxVault, IVyxVariableMgr>
     {
         if (const Result fault = world->script.Enter("Vault.GetFileFromPath", path)) {
             return fault;
+        }
+        if (path[0] == u'\0') {
+            return E_INVALIDARG;
         }
         const FakeFile* found = world->FindFile(std::u16string_view(path));
         if (found == nullptr) {
@@ -469,8 +493,8 @@ class VaultObject final : public ComObject<IVyxVault, IVyxVariableMgr>
         if (const Result fault = world->script.Enter("VariableMgr.GetNextVariable")) {
             return fault;
         }
-        *variable = MakeObject<VariableObject>(world, static_cast<Position*>(position)->Take()).release();
-        return 0;
+        return Position::Take(position,
+                              [&](int32_t id) { *variable = MakeObject<VariableObject>(world, id).release(); });
     }
 
   private:

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
+#include <thread>
 
 namespace tv {
 namespace {
@@ -101,6 +102,100 @@ TEST_F(NotificationTest, ADeniedMutexIsTriedAgainWithoutDelay)
     Notify();
     EXPECT_EQ(machine.log.CountOf("pipes.CreateMutex"), 4u);
     EXPECT_EQ(machine.clock.SleepCount(), 0u);
+    EXPECT_EQ(machine.pipes.Messages().size(), 1u);
+}
+
+TEST_F(NotificationTest, ADeniedMutexIsTriedAgainWithoutLimit)
+{
+    constexpr uint32_t kDenials = 1'000;
+    Listen();
+    for (uint32_t n = 1; n <= kDenials; ++n) {
+        machine.log.FailNth("pipes.CreateMutex", n, fakes::Failure::Once, 5);
+    }
+    Notify();
+    EXPECT_EQ(machine.log.CountOf("pipes.CreateMutex"), kDenials + 1);
+    EXPECT_EQ(machine.log.CountOf("mutex.Acquire"), 1u);
+    EXPECT_EQ(machine.pipes.Messages().size(), 1u);
+}
+
+TEST_F(NotificationTest, ADeniedMutexThatFailsOtherwiseNextIsDoneWithout)
+{
+    Listen();
+    machine.log.FailNth("pipes.CreateMutex", 1, fakes::Failure::Once, 5);
+    machine.log.FailNth("pipes.CreateMutex", 2, fakes::Failure::Once, 6);
+    EXPECT_EQ(Notify(), (Steps{"pipes.CreateMutex", "pipes.CreateMutex", "pipes.OpenPipe", "pipe.SetMessageMode",
+                               "pipe.Write", "pipe.Read", "pipe.Close"}));
+}
+
+TEST_F(NotificationTest, EveryErrorOfTheMutexButADenialIsDoneWithout)
+{
+    Listen();
+    for (const uint32_t error : {1u, 4u, 6u, 8u, 87u, 183u}) {
+        machine.log.StopFailing();
+        machine.log.FailNth("pipes.CreateMutex", 1, fakes::Failure::Once, error);
+        EXPECT_EQ(Notify(), (Steps{"pipes.CreateMutex", "pipes.OpenPipe", "pipe.SetMessageMode", "pipe.Write",
+                                   "pipe.Read", "pipe.Close"}))
+            << error;
+    }
+}
+
+TEST_F(NotificationTest, WithoutMutexAndServerNothingIsLeftToGiveBack)
+{
+    machine.log.FailNth("pipes.CreateMutex", 1, fakes::Failure::Once, 8);
+    EXPECT_EQ(Notify(), (Steps{"pipes.CreateMutex", "pipes.OpenPipe"}));
+}
+
+TEST_F(NotificationTest, TheAnswerDoesntMatter)
+{
+    for (const size_t length : {size_t{0}, size_t{1}, size_t{256}, size_t{257}, size_t{5000}}) {
+        machine.pipes.Listen(kNotificationPipe,
+                             [=](std::span<const uint8_t>) { return std::vector<uint8_t>(length, 0xFF); });
+        EXPECT_EQ(Notify(), (Steps{"pipes.CreateMutex", "mutex.Acquire", "pipes.OpenPipe", "pipe.SetMessageMode",
+                                   "pipe.Write", "pipe.Read", "pipe.Close", "mutex.Release", "mutex.Close"}))
+            << length;
+    }
+}
+
+TEST_F(NotificationTest, TheCutMayGoThroughTheMiddleOfACharacter)
+{
+    Listen();
+    Notify(std::u16string(259, u'a') + u"\U0001F600");
+    EXPECT_EQ(PathIn(machine.pipes.Messages().front()), std::u16string(259, u'a') + u'\xD83D' + u'\0');
+}
+
+TEST_F(NotificationTest, APathOf261CharactersLosesItsLast)
+{
+    Listen();
+    Notify(std::u16string(260, u'x') + u'y');
+    EXPECT_EQ(PathIn(machine.pipes.Messages().front()), std::u16string(260, u'x') + u'\0');
+}
+
+TEST_F(NotificationTest, EachNotificationTakesATurnOfItsOwn)
+{
+    Listen();
+    machine.log.Clear();
+    NotifyVaultClient(machine.pipes, 1, u"a");
+    NotifyVaultClient(machine.pipes, 1, u"b");
+    EXPECT_EQ(machine.log.CountOf("mutex.Acquire"), 2u);
+    EXPECT_EQ(machine.log.CountOf("mutex.Release"), 2u);
+    EXPECT_EQ(machine.log.CountOf("mutex.Close"), 2u);
+}
+
+TEST_F(NotificationTest, WhileAnotherHasItsTurnTheCallWaits)
+{
+    Listen();
+    machine.threads.SetMode(fakes::ThreadMode::Real);
+    std::unique_ptr<NamedMutex> turn;
+    ASSERT_EQ(machine.pipes.CreateMutex(kNotificationMutex, turn), 0u);
+    turn->Acquire();
+    const std::unique_ptr<WorkerThread> thread =
+        machine.platform.threads.StartThread([&] { NotifyVaultClient(machine.pipes, 1, u"a"); });
+    while (machine.log.CountOf("pipes.CreateMutex") < 2) {
+        std::this_thread::yield();
+    }
+    EXPECT_EQ(machine.log.CountOf("pipes.OpenPipe"), 0u);
+    turn->Release();
+    thread->Join();
     EXPECT_EQ(machine.pipes.Messages().size(), 1u);
 }
 

@@ -144,6 +144,242 @@ TEST(ParseFileList, ReadsBackWhatWasWritten)
     EXPECT_EQ(files[1].path, u" ");
 }
 
+TEST(FileListText, WritesQuotesAndTabsAsTheyAre)
+{
+    EXPECT_EQ(FileListText({FileAt(u"\"it's\"\tx", 0, 0, 0)}, 1),
+              u"<sels><sel><doc_id>0</doc_id><proj_id>0</proj_id><path>\"it's\"\tx</path><ver>0</ver></sel></sels>");
+}
+
+TEST(FileListText, WritesControlCharactersAndCarriageReturnsByTheirNumbers)
+{
+    EXPECT_EQ(
+        FileListText({FileAt(u"a\r\nb\x01"
+                             u"c",
+                             1, 2, 3)},
+                     1),
+        u"<sels><sel><doc_id>1</doc_id><proj_id>2</proj_id><path>a&#13;\nb&#01;c</path><ver>3</ver></sel></sels>");
+}
+
+TEST(FileListText, WritesLettersOfEveryScriptAsTheyAre)
+{
+    EXPECT_EQ(FileListText({FileAt(u"\u00E4\u0416\u4E2D\U0001F600", 1, 2, 3)}, 1),
+              u"<sels><sel><doc_id>1</doc_id><proj_id>2</proj_id><path>\u00E4\u0416\u4E2D\U0001F600</path><ver>3</ver>"
+              u"</sel></sels>");
+}
+
+TEST(FileListText, KeepsHalvesOfCharacters)
+{
+    const std::u16string path = {u'a', 0xD83D, u'b', 0xDE00};
+    EXPECT_EQ(FileListText({FileAt(path, 1, 2, 3)}, 1),
+              u"<sels><sel><doc_id>1</doc_id><proj_id>2</proj_id><path>" + path + u"</path><ver>3</ver></sel></sels>");
+}
+
+TEST(FileListText, WritesBlanksAsTheyAreAndNoPathAsAnEmptyElement)
+{
+    EXPECT_EQ(FileListText({FileAt(u"  a  ", 1, 2, 3), FileAt(u"", 4, 5, 6)}, 1),
+              u"<sels><sel><doc_id>1</doc_id><proj_id>2</proj_id><path>  a  </path><ver>3</ver></sel>"
+              u"<sel><doc_id>4</doc_id><proj_id>5</proj_id><path/><ver>6</ver></sel></sels>");
+}
+
+TEST(FileListText, WritesTheLimitsOfNumbers)
+{
+    EXPECT_EQ(FileListText({FileAt(u"a", 2147483647, -2147483647 - 1, -1)}, 1),
+              u"<sels><sel><doc_id>2147483647</doc_id><proj_id>-2147483648</proj_id><path>a</path><ver>-1</ver></sel>"
+              u"</sels>");
+}
+
+TEST(FileListText, KeepsTheOrderAndAFileThatIsInItTwice)
+{
+    EXPECT_EQ(FileListText({FileAt(u"b", 1, 1, 1), FileAt(u"a", 2, 2, 2), FileAt(u"b", 1, 1, 1)}, 3),
+              u"<sels><sel><doc_id>1</doc_id><proj_id>1</proj_id><path>b</path><ver>1</ver></sel>"
+              u"<sel><doc_id>2</doc_id><proj_id>2</proj_id><path>a</path><ver>2</ver></sel>"
+              u"<sel><doc_id>1</doc_id><proj_id>1</proj_id><path>b</path><ver>1</ver></sel></sels>");
+}
+
+std::vector<TaskFile> Parsed(std::u16string_view text)
+{
+    std::vector<TaskFile> files;
+    ParseFileList(text, files);
+    return files;
+}
+
+TEST(ParseFileList, CarriageReturnsLineFeedsAndControlCharactersComeBack)
+{
+    for (const char16_t* path : {u"a\rb", u"a\nb", u"a\r\nb", u"\r", u"\n", u"\x01\x1F\x7F", u" ", u"\t", u"]]>"}) {
+        const std::vector<TaskFile> files = Parsed(FileListText({FileAt(path, 1, 2, 3)}, 1));
+        ASSERT_EQ(files.size(), 1u);
+        EXPECT_EQ(files[0].path, path);
+    }
+}
+
+TEST(ParseFileList, NumbersAreReadAsTheSystemReadsThem)
+{
+    struct Row
+    {
+        const char16_t* text;
+        int32_t number;
+    };
+    const Row rows[] = {
+        {u"", 0},
+        {u"x", 0},
+        {u"-", 0},
+        {u"+7", 7},
+        {u" \t\n42", 42},
+        {u"12abc", 12},
+        {u"1 2", 1},
+        {u"0x10", 0},
+        {u"1.9", 1},
+        {u"--5", 0},
+        {u"\u0661", 0},
+        {u"2147483647", 2147483647},
+        {u"2147483648", 2147483647},
+        {u"-2147483648", -2147483647 - 1},
+        {u"-2147483649", -2147483647 - 1},
+        {u"99999999999999999999999999", 2147483647},
+        {u"-99999999999999999999999999", -2147483647 - 1},
+    };
+    for (const Row& row : rows) {
+        const std::u16string text = std::u16string(u"<sels><sel><ver>") + row.text + u"</ver></sel></sels>";
+        EXPECT_EQ(Parsed(text).at(0).version, row.number) << testing::PrintToString(std::u16string(row.text));
+    }
+}
+
+TEST(ParseFileList, NamesOfElementsAreComparedWithTheirCase)
+{
+    const std::vector<TaskFile> files =
+        Parsed(u"<sels><SEL><path>a</path></SEL><sel><PATH>b</PATH><Ver>1</Ver><DOC_ID>2</DOC_ID></sel></sels>");
+    ASSERT_EQ(files.size(), 1u);
+    EXPECT_EQ(files[0].path, u"");
+    EXPECT_EQ(files[0].version, 0);
+    EXPECT_EQ(files[0].fileId, 0);
+}
+
+TEST(ParseFileList, OfAnElementThatIsThereTwiceTheLastCounts)
+{
+    EXPECT_EQ(Parsed(u"<sels><sel><path>a</path><path>b</path></sel></sels>").at(0).path, u"b");
+}
+
+TEST(ParseFileList, TheNameOfTheRootDoesntMatter)
+{
+    EXPECT_EQ(Parsed(u"<list><sel><path>a</path></sel></list>").size(), 1u);
+}
+
+TEST(ParseFileList, SectionsCommentsAndAttributesAreRead)
+{
+    const std::vector<TaskFile> files =
+        Parsed(u"<!-- list --><sels v='1'><sel id='9'><path>a<!-- b --><![CDATA[<&]]></path></sel></sels>");
+    EXPECT_EQ(files.at(0).path, u"a<&");
+}
+
+TEST(ParseFileList, TwoRootsAreNoXml)
+{
+    EXPECT_THROW(Parsed(u"<sels/><sels/>"), ResultError);
+    EXPECT_THROW(Parsed(u"<sels/><!-- x --><sels/>"), ResultError);
+    EXPECT_TRUE(Parsed(u"<sels/><!-- x -->").empty());
+}
+
+TEST(ParseFileList, WhatWasReadBeforeStaysWhenATextIsRefused)
+{
+    std::vector<TaskFile> files(2);
+    EXPECT_THROW(ParseFileList(u"<sels><sel><path>a</path></sel>", files), ResultError);
+    EXPECT_EQ(files.size(), 2u);
+}
+
+std::u16string Repeated(std::u16string_view text, size_t count)
+{
+    std::u16string repeated;
+    repeated.reserve(text.size() * count);
+    for (size_t i = 0; i < count; ++i) {
+        repeated += text;
+    }
+    return repeated;
+}
+
+TEST(HostileFileList, AMillionElementsDeepIsReadWithoutHarm)
+{
+    constexpr size_t kDepth = 1'000'000;
+    const std::u16string deep = Repeated(u"<sel>", kDepth) + Repeated(u"</sel>", kDepth);
+    EXPECT_EQ(Parsed(u"<sels>" + deep + u"</sels>").size(), 1u);
+    EXPECT_EQ(Parsed(u"<sels><sel><path>" + deep + u"x</path></sel></sels>").at(0).path, u"x");
+}
+
+TEST(HostileFileList, AMillionOpenElementsAreRefused)
+{
+    EXPECT_THROW(Parsed(Repeated(u"<sel>", 1'000'000)), ResultError);
+    EXPECT_THROW(Parsed(Repeated(u"<", 1'000'000)), ResultError);
+    EXPECT_THROW(Parsed(u"<sels>" + Repeated(u"</sel>", 1'000'000)), ResultError);
+}
+
+TEST(HostileFileList, DeclaredEntitiesAreNotExpanded)
+{
+    std::u16string text = u"<!DOCTYPE sels [<!ENTITY a \"0123456789\">";
+    for (char16_t name = u'b'; name <= u'z'; ++name) {
+        const std::u16string part = {u'&', static_cast<char16_t>(name - 1), u';'};
+        text += std::u16string(u"<!ENTITY ") + name + u" \"" + Repeated(part, 10) + u"\">";
+    }
+    EXPECT_EQ(Parsed(text + u"]><sels><sel><path>&z;</path></sel></sels>").at(0).path, u"&z;");
+}
+
+TEST(HostileFileList, AFileThatADeclarationNamesIsNotOpened)
+{
+    const std::vector<TaskFile> files = Parsed(u"<!DOCTYPE sels [<!ENTITY x SYSTEM \"file:///etc/passwd\">]>"
+                                               u"<sels><sel><path>&x;</path></sel></sels>");
+    EXPECT_EQ(files.at(0).path, u"&x;");
+}
+
+TEST(HostileFileList, NestedAndOpenDeclarationsAreRefused)
+{
+    EXPECT_THROW(Parsed(u"<!DOCTYPE sels [" + Repeated(u"<!ENTITY ", 1'000'000)), ResultError);
+    EXPECT_THROW(Parsed(u"<!DOCTYPE sels [" + Repeated(u"<![IGNORE[", 1'000'000)), ResultError);
+    EXPECT_THROW(Parsed(u"<!DOCTYPE " + Repeated(u"[", 1'000'000)), ResultError);
+    EXPECT_THROW(Parsed(u"<!DOCTYPE"), ResultError);
+}
+
+TEST(HostileFileList, NumbersOfNoCharactersAreNoHarm)
+{
+    const std::vector<TaskFile> files =
+        Parsed(u"<sels><sel><path>a&#x110000;&#xFFFFFFFFFF;&bogus;&</path><conf>b&#0;c</conf></sel></sels>");
+    EXPECT_TRUE(files.at(0).path.starts_with(u"a"));
+    EXPECT_EQ(files.at(0).conf, u"b");
+}
+
+TEST(HostileFileList, OpenSectionsCommentsAndAttributesAreRefused)
+{
+    for (const char16_t* text :
+         {u"<sels><sel><path><![CDATA[x</path></sel></sels>", u"<sels><!-- x </sels>", u"<sels><sel a=\"x</sel></sels>",
+          u"<sels><?x </sels>", u"<sels><sel/", u"<sels></sel>", u"<?xml", u"<sels><sel><path>a</sel></path></sels>"}) {
+        EXPECT_THROW(Parsed(text), ResultError) << testing::PrintToString(std::u16string(text));
+    }
+}
+
+TEST(HostileFileList, BinaryIsRefused)
+{
+    std::u16string bytes;
+    uint32_t state = 1;
+    for (int i = 0; i < 100'000; ++i) {
+        state = state * 1664525u + 1013904223u;
+        bytes += static_cast<char16_t>(state >> 16);
+    }
+    EXPECT_THROW(Parsed(bytes), ResultError);
+    EXPECT_THROW(Parsed(u"<sels>" + bytes + u"</sels><"), ResultError);
+    EXPECT_THROW(Parsed(std::u16string(1000, u'\0')), ResultError);
+}
+
+TEST(HostileFileList, AHundredMegabytesAreReadWithoutHarm)
+{
+    constexpr size_t kLength = 100'000'000;
+    std::u16string text = u"<sels><sel><path>";
+    text.append(kLength, u'x').append(u"</path></sel></sels>");
+    const std::vector<TaskFile> files = Parsed(text);
+    ASSERT_EQ(files.size(), 1u);
+    EXPECT_EQ(files[0].path.size(), kLength);
+}
+
+TEST(HostileFileList, ManyRecordsAreAllRead)
+{
+    EXPECT_EQ(Parsed(u"<sels>" + Repeated(u"<sel><path>a</path></sel>", 200'000) + u"</sels>").size(), 200'000u);
+}
+
 class StoredList : public VaultFilesTest
 {};
 

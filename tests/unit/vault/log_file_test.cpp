@@ -29,6 +29,40 @@ TEST_F(RunLog, ThatIsCheckedOutIsLeftAlone)
     EXPECT_EQ(vault.Script().CountOf("File.LockFile"), 0u);
 }
 
+TEST_F(RunLog, IsAskedWhetherItIsLockedBeforeItsFolderIsAsked)
+{
+    Begin();
+    const fakes::FakeFile& log = vault.AddFile(kLog);
+    vault.Script().ClearCalls();
+    files.LockExistingLog(kLog);
+    EXPECT_EQ(vault.Script().Calls(),
+              (std::vector<std::string>{"Vault.GetFileFromPath C:\\Vault\\Logs\\run.log",
+                                        "File.IsLocked C:\\Vault\\Logs\\run.log", "Folder.GetID C:\\Vault\\Logs",
+                                        "File.LockFile C:\\Vault\\Logs\\run.log"}));
+    EXPECT_EQ(log.lockedBy, u"operator");
+}
+
+TEST_F(RunLog, OfAnotherIsRecordedThoughItCantBeCheckedIn)
+{
+    Begin();
+    vault.AddFile(kLog);
+    vault.CheckOut(kLog, u"somebody");
+    WriteLog();
+    EXPECT_EQ(files.RegisterLogFile(kLog), fakes::kVaultNotLockedByYou);
+    ASSERT_EQ(files.Outputs().size(), 1u);
+    EXPECT_TRUE(files.Outputs()[0].isLog);
+}
+
+TEST_F(RunLog, WhoseCheckInUtilityCantBeMadeIsNotRecorded)
+{
+    Begin();
+    WriteLog();
+    vault.Script().Fail("Vault.CreateUtility", 2, E_ACCESSDENIED);
+    EXPECT_EQ(files.RegisterLogFile(kLog), E_ACCESSDENIED);
+    EXPECT_TRUE(files.Outputs().empty());
+    EXPECT_EQ(vault.File(kLog)->lockedBy, u"operator");
+}
+
 TEST_F(RunLog, WithoutPathOrFileIsNothing)
 {
     Begin();

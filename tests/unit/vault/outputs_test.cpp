@@ -1,3 +1,4 @@
+#include "altered_vault.h"
 #include "vault_fixture.h"
 
 namespace tv {
@@ -213,6 +214,120 @@ TEST_F(Outputs, APrintedItemNeedsNoVault)
     EXPECT_EQ(files.Outputs()[0].source, &source);
     EXPECT_TRUE(vault.Script().Calls().empty());
     EXPECT_EQ(Notifications(), 0u);
+}
+
+TEST_F(Outputs, AFileIsAnnouncedBeforeItLeavesTheVault)
+{
+    Begin(1, ExistingFiles::Replace);
+    WorkOn();
+    vault.AddFile(u"C:\\Vault\\Out.stl");
+    std::vector<bool> wasThere;
+    machine.pipes.Listen(kNotificationPipe, [&](std::span<const uint8_t>) {
+        wasThere.push_back(vault.File(u"C:\\Vault\\Out.stl") != nullptr);
+        return std::vector<uint8_t>{0};
+    });
+    files.AddOutput(u"C:\\Vault\\Out.stl", u"Default", false);
+    EXPECT_EQ(wasThere, (std::vector<bool>{true, false, false, false}));
+}
+
+TEST_F(Outputs, ALogThatTheVaultHasIsNotReplacedEither)
+{
+    Begin(1, ExistingFiles::Replace);
+    vault.AddFile(u"C:\\Vault\\Run.log");
+    files.AddOutput(u"C:\\Vault\\Run.log", u"", true);
+    EXPECT_TRUE(files.Outputs().empty());
+    EXPECT_NE(vault.File(u"C:\\Vault\\Run.log"), nullptr);
+    EXPECT_EQ(Notifications(), 0u);
+}
+
+TEST_F(Outputs, AFileInTheWayThatCantBeDeletedIsNoFailure)
+{
+    Begin();
+    WorkOn();
+    machine.files.AddFile(u"C:\\Vault\\Out.stl", "old");
+    machine.log.FailNth("files.DeleteFile", 1);
+    files.AddOutput(u"C:\\Vault\\Out.stl", u"", false);
+    EXPECT_EQ(files.Outputs().size(), 1u);
+    EXPECT_EQ(Notifications(), 3u);
+}
+
+TEST_F(Outputs, AFileThatTheRunItselfHasCheckedOutIsNotLockedAgain)
+{
+    Begin();
+    WorkOn();
+    const fakes::FakeFile& existing = vault.AddFile(u"C:\\Vault\\Out.stl", 2);
+    vault.CheckOut(u"C:\\Vault\\Out.stl", u"operator");
+    files.AddOutput(u"C:\\Vault\\Out.stl", u"Default", false);
+    ASSERT_EQ(files.Outputs().size(), 1u);
+    EXPECT_TRUE(files.Outputs()[0].inVault);
+    EXPECT_EQ(files.Outputs()[0].fileId, existing.id);
+    EXPECT_EQ(vault.Script().CountOf("File.LockFile"), 0u);
+}
+
+TEST_F(Outputs, AFoundFileWithoutItsObjectsIsDropped)
+{
+    for (const ExistingFiles existing : {ExistingFiles::NewVersion, ExistingFiles::Replace}) {
+        const auto altered = MakeObject<AlteredVault>(vault.Get());
+        altered->getFileFromPath = [](IVyxFolder**, IVyxFile**) { return 0; };
+        ASSERT_EQ(files.Reset(altered.get(), 1, existing), 0);
+        machine.files.AddFile(u"C:\\Vault\\Out.stl", "kept");
+        files.AddOutput(u"C:\\Vault\\Out.stl", u"Default", false);
+        EXPECT_TRUE(files.Outputs().empty());
+        EXPECT_TRUE(machine.files.FileExists(u"C:\\Vault\\Out.stl"));
+    }
+}
+
+TEST_F(Outputs, APathThatOnlyBeginsLikeTheRootCountsAsUnderIt)
+{
+    Begin();
+    WorkOn();
+    files.AddOutput(u"c:\\VAULT2\\a.stl", u"", false);
+    ASSERT_EQ(files.Outputs().size(), 1u);
+    EXPECT_TRUE(files.Outputs()[0].underVaultRoot);
+}
+
+TEST_F(Outputs, ThatDifferInTurkishOrGreekLettersAreTwoFiles)
+{
+    Begin();
+    WorkOn();
+    for (const char16_t* path :
+         {u"C:\\Vault\\i.stl", u"C:\\Vault\\\u0131.stl", u"C:\\Vault\\\u0130.stl", u"C:\\Vault\\\u00DF.stl",
+          u"C:\\Vault\\ss.stl", u"C:\\Vault\\\u03C2.stl", u"C:\\Vault\\\u03C3.stl"}) {
+        files.AddOutput(path, u"", false);
+    }
+    EXPECT_EQ(files.Outputs().size(), 7u);
+    files.AddOutput(u"C:\\Vault\\I.STL", u"", false);
+    files.AddOutput(u"C:\\Vault\\\u03A3.STL", u"", false);
+    EXPECT_EQ(files.Outputs().size(), 7u);
+}
+
+TEST_F(Outputs, AreBookedAgainstTheFileThatTheMacroFirstSavedThemFor)
+{
+    Begin();
+    TaskFile& first = WorkOn(u"C:\\Vault\\a.tvnprt");
+    Save(u"C:\\Vault\\a.stl");
+    TaskFile& second = WorkOn(u"C:\\Vault\\b.tvnprt");
+    Save(u"C:\\Vault\\b.stl");
+    Save(u"C:\\Vault\\a.stl");
+    ASSERT_EQ(files.Outputs().size(), 2u);
+    EXPECT_EQ(files.Outputs()[0].source, &first);
+    EXPECT_EQ(files.Outputs()[1].source, &second);
+}
+
+TEST(OutputListTest, RecordsWithTheSamePathAreFoundInListOrder)
+{
+    OutputList list;
+    for (const char16_t* path : {u"C:\\a.stl", u"C:\\b.stl", u"c:\\A.STL", u"", u"C:\\a.stl"}) {
+        TaskFile file;
+        file.path = path;
+        list.Add(std::move(file));
+    }
+    EXPECT_EQ(list.WithPath(u"C:\\A.stl"), (std::vector<size_t>{0, 2, 4}));
+    EXPECT_EQ(list.WithPath(u"C:\\b.stl"), (std::vector<size_t>{1}));
+    EXPECT_EQ(list.WithPath(u""), (std::vector<size_t>{3}));
+    EXPECT_TRUE(list.WithPath(u"C:\\c.stl").empty());
+    list.Clear();
+    EXPECT_TRUE(list.WithPath(u"C:\\a.stl").empty());
 }
 
 TEST_F(Outputs, WithoutAVaultAreTreatedAsNew)

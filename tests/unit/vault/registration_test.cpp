@@ -265,6 +265,108 @@ TEST_F(Registration, StopsBeforeTheCheckInWhenReferencesFail)
     }
 }
 
+TEST_F(Registration, StopsBeforeTheCheckInWhateverFailsOfCardsAndReferences)
+{
+    struct Row
+    {
+        const char* operation;
+        int nth;
+    };
+    const Row rows[] = {
+        {"Vault.CreateUtility", 2},        {"Vault.GetFileFromPath", 1},
+        {"File.GetEnumeratorVariable", 1}, {"EnumeratorVariable.GetVersionVariables", 1},
+        {"BatchUpdate.SetCardValue", 1},   {"BatchUpdate.CommitUpdate", 1},
+        {"Vault.CreateUtility", 3},        {"BatchRefs.AddReferences", 1},
+        {"BatchRefs.CommitReferences", 1}, {"BatchRefs.CommitReferences", 2},
+    };
+    vault.AddVariable(u"Number");
+    task->variables.SetText(u"FileCardData", u"Number;8;1\n");
+    task->variables.SetBool(u"RefToSource", true);
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.operation);
+        machine.files.RemoveFile(u"C:\\Vault\\Logs\\{11111111-2222-3333-4444-555555555555}.log");
+        vault.World().files.clear();
+        vault.World().pendingCommits = {7};
+        vault.Script().ClearFaults();
+        Begin();
+        WorkOn();
+        Save(u"C:\\Vault\\a.stl");
+        vault.Script().Fail(row.operation, row.nth, fakes::kVaultPermissionDenied);
+        EXPECT_EQ(Register(), fakes::kVaultPermissionDenied);
+        EXPECT_TRUE(vault.Script().FaultFired());
+        EXPECT_EQ(LogText(), Logged("Error creating references from source to destination file.", kDenied));
+        EXPECT_EQ(vault.File(u"C:\\Vault\\a.stl")->lockedBy, u"operator");
+    }
+}
+
+TEST_F(Registration, StopsBeforeTheCheckInWhenTheSettingsCantBeRead)
+{
+    for (const int nth : {1, 2}) {
+        SCOPED_TRACE(nth);
+        vault.World().files.clear();
+        Begin();
+        WorkOn();
+        Save(u"C:\\Vault\\a.stl");
+        task->script.ClearFaults();
+        task->script.Fail("Task.GetVariable", nth, E_ACCESSDENIED);
+        EXPECT_EQ(Register(), E_ACCESSDENIED);
+        EXPECT_EQ(vault.File(u"C:\\Vault\\a.stl")->lockedBy, u"operator");
+    }
+}
+
+TEST_F(Registration, LogsOneEntryForEachFileThatCantBeAdded)
+{
+    Begin();
+    WorkOn();
+    vault.AddFolder(u"C:\\Vault\\Closed");
+    vault.MakeReadOnly(u"C:\\Vault\\Closed");
+    Save(u"C:\\Vault\\Closed\\a.stl");
+    Save(u"C:\\Vault\\Closed\\b.stl");
+    EXPECT_EQ(Register(), 0);
+    const std::string entry = Logged("Error adding a file to the vault.", kDenied);
+    EXPECT_EQ(LogText(), entry + entry);
+    EXPECT_EQ(Utilities(), (std::vector<std::string>{"Vault.CreateUtility 16"}));
+}
+
+TEST_F(Registration, TakesTheBatchAtItsWordForAFileThatIsThereAndCantBeFound)
+{
+    Begin(3);
+    WorkOn();
+    Save(u"C:\\Vault\\a.stl");
+    vault.AddFile(u"C:\\Vault\\a.stl");
+    vault.Script().Fail("Vault.GetFileFromPath", 1, 1);
+    EXPECT_EQ(Register(), fakes::kVaultFileNotFound);
+    EXPECT_TRUE(files.Outputs()[0].inVault);
+    EXPECT_EQ(vault.Script().CallsOf("BatchUnlock.AddSelection"),
+              (std::vector<std::string>{"BatchUnlock.AddSelection 0 0"}));
+}
+
+TEST_F(Registration, KeepsAFileOfAnotherAndChecksTheRestIn)
+{
+    Begin(3);
+    WorkOn();
+    vault.AddFile(u"C:\\Vault\\theirs.stl");
+    vault.CheckOut(u"C:\\Vault\\theirs.stl", u"somebody");
+    Save(u"C:\\Vault\\theirs.stl");
+    Save(u"C:\\Vault\\mine.stl");
+    EXPECT_EQ(Register(), fakes::kVaultNotLockedByYou);
+    EXPECT_EQ(vault.File(u"C:\\Vault\\theirs.stl")->lockedBy, u"somebody");
+    EXPECT_EQ(vault.File(u"C:\\Vault\\mine.stl")->lockedBy, u"");
+    EXPECT_EQ(LogText(),
+              Logged("Unlocking files.", "E_VYX_FILE_NOT_LOCKED_BY_YOU\r\r\n\tThe file isn't checked out by you."));
+}
+
+TEST_F(Registration, StopsWhenAFolderThatOnlyBeginsLikeTheRootIsRefused)
+{
+    Begin(3);
+    WorkOn();
+    Save(u"C:\\Vault2\\a.stl");
+    Save(u"C:\\Vault\\b.stl");
+    EXPECT_EQ(Register(), fakes::kVaultFolderNotFound);
+    EXPECT_EQ(vault.Script().CountOf("BatchAdd.CommitAdd"), 0u);
+    EXPECT_TRUE(LogText().starts_with("An error occured: Adding file 'C:\\Vault2' from path."));
+}
+
 TEST_F(Registration, LogsAFailureOfTheCardsInTheSameWords)
 {
     Begin();

@@ -1,5 +1,6 @@
 #include "vault/convertible_extensions.h"
 
+#include "altered_vault.h"
 #include "vault_fixture.h"
 
 namespace tv {
@@ -152,9 +153,10 @@ TEST_F(Selection, AFolderThatTheVaultDoesntKnowIsDropped)
 TEST_F(Selection, AFailureOfTheFolderIsRaised)
 {
     vault.AddFile(u"C:\\Vault\\F\\b.tvnprt");
-    for (const char* operation :
-         {"Vault.GetFolderFromPath", "Folder.GetID", "Folder.GetFirstFilePosition", "Folder.GetNextFile",
-          "File.GetLocalPath", "File.GetID", "File.GetCurrentVersion", "Folder.GetFirstSubFolderPosition"}) {
+    vault.AddFolder(u"C:\\Vault\\F\\Sub");
+    for (const char* operation : {"Vault.GetFolderFromPath", "Folder.GetID", "Folder.GetFirstFilePosition",
+                                  "Folder.GetNextFile", "File.GetLocalPath", "File.GetID", "File.GetCurrentVersion",
+                                  "Folder.GetFirstSubFolderPosition", "Folder.GetNextSubFolder"}) {
         Begin();
         vault.Script().ClearFaults();
         vault.Script().Fail(operation, 1, E_ACCESSDENIED);
@@ -209,11 +211,12 @@ TEST_F(Selection, AtARunLocalCopiesAreFetched)
 
 TEST_F(Selection, ANegativeVersionAsksForTheLatest)
 {
-    vault.AddFile(u"C:\\Vault\\a.tvnprt");
+    const fakes::FakeFile& file = vault.AddFile(u"C:\\Vault\\a.tvnprt");
     Begin();
-    Resolve({{u"C:\\Vault\\a.tvnprt", 7, 8, -5}}, VaultWork::FetchLocalCopies);
+    Resolve({{u"C:\\Vault\\a.tvnprt", file.id, file.folderId, -5}}, VaultWork::FetchLocalCopies);
     EXPECT_EQ(vault.Script().CallsOf("BatchGet.AddSelection"),
-              (std::vector<std::string>{"BatchGet.AddSelection 7 8 0"}));
+              (std::vector<std::string>{"BatchGet.AddSelection " + std::to_string(file.id) + " " +
+                                        std::to_string(file.folderId) + " 0"}));
     EXPECT_EQ(list[0]->version, -5);
 }
 
@@ -259,10 +262,12 @@ TEST_F(Selection, LearnsTheLatestVersions)
 {
     const fakes::FakeFile& one = vault.AddFile(u"C:\\Vault\\a.tvnprt", 3);
     const fakes::FakeFile& two = vault.AddFile(u"C:\\Vault\\b.tvnprt", 7);
+    const fakes::FakeFile& three = vault.AddFile(u"C:\\Vault\\moved.tvnprt", 2);
     Begin();
-    Resolve({{u"C:\\Vault\\b.tvnprt", two.id, 1, 1},
-             {u"C:\\Vault\\a.tvnprt", one.id, 1},
-             {u"C:\\Vault\\gone.tvnprt", 999, 1}},
+    // The third path leads nowhere any more, so nothing is told of its file.
+    Resolve({{u"C:\\Vault\\b.tvnprt", two.id, two.folderId, 1},
+             {u"C:\\Vault\\a.tvnprt", one.id, one.folderId},
+             {u"C:\\Vault\\gone.tvnprt", three.id, three.folderId}},
             VaultWork::FetchLocalCopies);
     EXPECT_EQ(list[0]->latestVersion, 7);
     EXPECT_EQ(list[1]->latestVersion, 3);
@@ -284,7 +289,7 @@ TEST_F(Selection, AFailureOfTheVaultWorkIsRaised)
         vault.Script().ClearFaults();
         vault.Script().Fail(operation, 1, E_ACCESSDENIED);
         EXPECT_EQ(CodeOf([&] {
-                      Resolve({{u"C:\\Vault\\a.tvnprt", file.id, 1}}, VaultWork::FetchLocalCopies);
+                      Resolve({{u"C:\\Vault\\a.tvnprt", file.id, file.folderId}}, VaultWork::FetchLocalCopies);
                   }),
                   E_ACCESSDENIED)
             << operation;
@@ -294,42 +299,118 @@ TEST_F(Selection, AFailureOfTheVaultWorkIsRaised)
     EXPECT_EQ(CodeOf([&] { Resolve({}, VaultWork::FetchLocalCopies); }), E_ABORT);
 }
 
-/// A vault whose utilities are missing although it reports success.
-class VaultWithoutUtilities final : public ComObject<IVyxVault>
+TEST_F(Selection, AMissingUtilityIsANullPointerFailureAtItsFirstUse)
 {
-  public:
-    explicit VaultWithoutUtilities(IVyxVault* realVault) : real(realVault) {}
-    Result TV_CALL GetName(BStr* name) override { return real->GetName(name); }
-    Result TV_CALL GetRootFolderPath(BStr* path) override { return real->GetRootFolderPath(path); }
-    Result TV_CALL GetFolderFromPath(const char16_t* path, IVyxFolder** folder) override
-    {
-        return real->GetFolderFromPath(path, folder);
-    }
-    Result TV_CALL GetFileFromPath(const char16_t* path, IVyxFolder** folder, IVyxFile** file) override
-    {
-        return real->GetFileFromPath(path, folder, file);
-    }
-    Result TV_CALL CreateUtility(int32_t, IUnknown** utility) override
-    {
+    const fakes::FakeFile& file = vault.AddFile(u"C:\\Vault\\a.tvnprt");
+    const auto poor = MakeObject<AlteredVault>(vault.Get());
+    poor->createUtility = [](int32_t, IUnknown** utility) {
         *utility = nullptr;
         return 0;
+    };
+    for (const bool isEmpty : {true, false}) {
+        Begin();
+        const SafeArray data =
+            fakes::MakeCommandData({{u"C:\\Vault\\a.tvnprt", file.id, file.folderId, 0, u"", isEmpty ? 3 : 1}});
+        EXPECT_EQ(CodeOf([&] {
+                      files.ResolveSelection(task.get(), poor.get(), data.get(), list, VaultWork::FetchLocalCopies);
+                  }),
+                  static_cast<Result>(0x80004003u));
     }
-    Result TV_CALL GetErrorString(Result code, BStr* name, BStr* description) override
-    {
-        return real->GetErrorString(code, name, description);
-    }
+}
 
-  private:
-    IVyxVault* real;
-};
-
-TEST_F(Selection, AMissingUtilityIsANullPointerFailure)
+TEST_F(Selection, AFailureToReadTheKindIsRaised)
 {
+    task->script.FailAlways("Task.GetVariable", E_ACCESSDENIED);
+    EXPECT_EQ(CodeOf([&] { Resolve({{u"C:\\Vault\\a.tvnprt", 1, 1}}); }), E_ACCESSDENIED);
+    EXPECT_TRUE(list.empty());
+}
+
+TEST_F(Selection, AFailureToReadTheReferenceRuleIsRaised)
+{
+    for (const int nth : {1, 2}) {
+        Begin();
+        task->script.ClearFaults();
+        task->script.Fail("Task.GetVariable", nth, E_ACCESSDENIED);
+        EXPECT_EQ(CodeOf([&] { Resolve({}, VaultWork::FetchLocalCopies); }), E_ACCESSDENIED) << nth;
+        EXPECT_EQ(vault.Script().CountOf("BatchGet.CreateTree"), 0u);
+    }
+}
+
+TEST_F(Selection, TheFirstRecordOfAFileTellsItsLatestVersion)
+{
+    const auto given = MakeObject<GivenList>();
+    for (const int32_t version : {4, 9}) {
+        VyxListFile record{};
+        record.fileId = 12;
+        record.latestVersion = version;
+        given->records.push_back(record);
+    }
+    const auto altered = MakeObject<AlteredVault>(vault.Get());
+    altered->createUtility = [&](int32_t number, IUnknown** utility) {
+        EXPECT_EQ(number, 13);
+        *utility = ComPtr<IUnknown>::Share(given.get()).release();
+        return 0;
+    };
+    ASSERT_EQ(files.Reset(altered.get(), 1, ExistingFiles::NewVersion), 0);
+    std::vector<TaskFile> records(3);
+    records[0].fileId = 12;
+    records[1].fileId = 13;
+    records[2].fileId = 12;
+    EXPECT_EQ(files.GetLatestVersions(records), 0);
+    EXPECT_EQ(records[0].latestVersion, 4);
+    EXPECT_EQ(records[1].latestVersion, -1);
+    EXPECT_EQ(records[2].latestVersion, 4);
+}
+
+TEST_F(Selection, LatestVersionsThatCantBeHadAreAResult)
+{
+    std::vector<TaskFile> records(1);
+    records[0].path = u"C:\\Vault\\a.tvnprt";
+    for (const char* operation :
+         {"Vault.CreateUtility", "BatchList.AddFile", "BatchList.CreateList", "BatchList.GetFileList"}) {
+        Begin();
+        vault.Script().ClearFaults();
+        vault.Script().Fail(operation, 1, E_ACCESSDENIED);
+        EXPECT_EQ(files.GetLatestVersions(records), E_ACCESSDENIED) << operation;
+    }
+}
+
+TEST_F(Selection, AFileSelectedTwiceIsFetchedTwiceAndKnowsItsLatestVersionTwice)
+{
+    const fakes::FakeFile& file = vault.AddFile(u"C:\\Vault\\a.tvnprt", 3);
     Begin();
-    const auto poor = MakeObject<VaultWithoutUtilities>(vault.Get());
-    EXPECT_EQ(
-        CodeOf([&] { files.ResolveSelection(task.get(), poor.get(), nullptr, list, VaultWork::FetchLocalCopies); }),
-        E_POINTER);
+    const fakes::CommandFile element{u"C:\\Vault\\a.tvnprt", file.id, file.folderId, 1};
+    Resolve({element, element}, VaultWork::FetchLocalCopies);
+    ASSERT_EQ(list.size(), 2u);
+    EXPECT_EQ(vault.Script().CountOf("BatchGet.AddSelection"), 2u);
+    EXPECT_EQ(list[0]->latestVersion, 3);
+    EXPECT_EQ(list[1]->latestVersion, 3);
+}
+
+TEST_F(Selection, AFileWithoutExtensionInAFolderIsNothingForAConvertTask)
+{
+    vault.AddFile(u"C:\\Vault\\F.step\\readme");
+    Begin(1);
+    Resolve({{u"C:\\Vault\\F.step", 0, 0, 0, u"", 2}});
+    EXPECT_TRUE(list.empty());
+}
+
+TEST_F(Selection, AnEmptyFolderIsAnEmptySelection)
+{
+    vault.AddFolder(u"C:\\Vault\\F\\Sub");
+    Begin(1);
+    Resolve({{u"C:\\Vault\\F", 0, 0, 0, u"", 2}});
+    EXPECT_TRUE(list.empty());
+}
+
+TEST_F(Selection, AFolderIsWalkedWhateverVersionTheElementNames)
+{
+    vault.AddFile(u"C:\\Vault\\F\\a.tvnprt", 3);
+    Begin(1);
+    Resolve({{u"C:\\Vault\\F", 5, 6, 1, u"Big", 2}});
+    ASSERT_EQ(list.size(), 1u);
+    EXPECT_EQ(list[0]->version, 3);
+    EXPECT_EQ(list[0]->conf, u"");
 }
 
 TEST(Extensions, OfConvertibleFilesAreThese)
