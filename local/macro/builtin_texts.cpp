@@ -381,12 +381,14 @@ Value Str(Runtime&, const Arguments& a)
     }
     Value number = a[0].IsString() ? Value(a[0].ToDouble()) : a[0];
     std::u16string text = number.ToText();
-    bool negative = !text.empty() && text[0] == u'-';
-    size_t sign = negative ? 1 : 0;
-    if (number.IsNumeric() && text.compare(sign, 2, u"0.") == 0) {
-        text.erase(sign, 1);
+    if (!number.IsNumeric() || number.Kind() == Type::Date || number.Kind() == Type::Boolean) {
+        return Value(std::move(text));
     }
-    return Value(negative || !number.IsNumeric() ? text : u" " + text);
+    bool negative = text[0] == u'-';
+    if (text.compare(negative ? 1 : 0, 2, u"0.") == 0) {
+        text.erase(negative ? 1 : 0, 1);
+    }
+    return Value(negative ? text : u" " + text);
 }
 
 Value Val(Runtime&, const Arguments& a)
@@ -422,7 +424,7 @@ Value Radix(const Value& value, uint32_t bits)
     }
     int64_t number = CoerceTo(Type::LongLong, value).Whole();
     uint64_t rest = static_cast<uint64_t>(number);
-    if (value.Kind() == Type::Integer) {
+    if (value.Kind() == Type::Integer || value.Kind() == Type::Boolean) {
         rest &= 0xFFFF;
     } else if (value.Kind() != Type::LongLong) {
         rest = FitsInto(Type::Long, number) ? rest & 0xFFFFFFFF : (Raise(kOverflow), 0);
