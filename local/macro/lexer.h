@@ -35,4 +35,7 @@ struct Token
 /// Splits a text into tokens. Comments, continued lines and what #If leaves out are gone.
 std::vector<Token> Tokenize(std::u16string_view source, const CompileOptions& options);
 
+/// The tokens without those that #If, #ElseIf and #Else leave out, and without the directives.
+std::vector<Token> FilterConditions(std::vector<Token> tokens, const CompileOptions& options);
+
 } // namespace tv::macro

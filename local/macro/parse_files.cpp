@@ -109,11 +109,11 @@ std::vector<PrintStatement::Item> Parser::ParsePrintItems()
     return items;
 }
 
-StatementBody Parser::ParsePrint(bool isWrite)
+StatementBody Parser::ParsePrint()
 {
-    ++at;
     PrintStatement statement;
-    statement.isWrite = isWrite;
+    statement.isWrite = IsWord(u"write");
+    ++at;
     ExpectSymbol(u"#");
     statement.number = ParseExpression();
     if (!AtEndOfStatement()) {
@@ -158,18 +158,18 @@ StatementBody Parser::ParseInput()
     return statement;
 }
 
-StatementBody Parser::ParseTransfer(bool isPut)
+StatementBody Parser::ParseTransfer()
 {
-    ++at;
     TransferStatement statement;
-    statement.isPut = isPut;
+    statement.isPut = IsWord(u"put");
+    ++at;
     statement.number = ParseFileNumber();
     ExpectSymbol(u",");
     if (!IsSymbol(u",")) {
         statement.position = ParseExpression();
     }
     ExpectSymbol(u",");
-    statement.variable = isPut ? ParseExpression() : ParseTarget();
+    statement.variable = statement.isPut ? ParseExpression() : ParseTarget();
     return statement;
 }
 
@@ -183,11 +183,11 @@ StatementBody Parser::ParseSeek()
     return statement;
 }
 
-StatementBody Parser::ParseLock(bool isUnlock)
+StatementBody Parser::ParseLock()
 {
-    ++at;
     LockStatement statement;
-    statement.isUnlock = isUnlock;
+    statement.isUnlock = IsWord(u"unlock");
+    ++at;
     statement.number = ParseFileNumber();
     if (TakeSymbol(u",")) {
         if (!IsWord(u"to")) {

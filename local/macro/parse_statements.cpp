@@ -34,16 +34,6 @@ constexpr StrayWord kStrayWords[] = {
     {u"case", u"Case without Select Case"},
 };
 
-struct RefusedWord
-{
-    std::u16string_view folded;
-    std::u16string_view shown;
-};
-
-constexpr RefusedWord kRefusedStatements[] = {
-    {u"raiseevent", u"RaiseEvent"},
-};
-
 } // namespace
 
 bool Parser::AtCloser(std::initializer_list<std::u16string_view> closers) const
@@ -133,13 +123,57 @@ StatementBody Parser::ParseStatementBody()
     if (Current().kind == TokenKind::Bad) {
         Fail(u"");
     }
-    if (IsWord(u"debug") && IsSymbol(Ahead(1), u".") && IsWord(Ahead(2), u"print")) {
+    if (std::optional<StatementBody> found = ParseContextualStatement()) {
+        return std::move(*found);
+    }
+    for (const StrayWord& stray : kStrayWords) {
+        if (IsWord(stray.folded)) {
+            Fail(std::u16string(stray.message));
+        }
+    }
+    struct StatementWord
+    {
+        std::u16string_view folded;
+        StatementBody (Parser::*parse)();
+    };
+    static constexpr StatementWord kStatements[] = {
+        {u"call", &Parser::ParseCall},     {u"close", &Parser::ParseClose},
+        {u"const", &Parser::ParseConst},   {u"dim", &Parser::ParseDim},
+        {u"do", &Parser::ParseDo},         {u"end", &Parser::ParseEnd},
+        {u"erase", &Parser::ParseErase},   {u"exit", &Parser::ParseExit},
+        {u"for", &Parser::ParseFor},       {u"get", &Parser::ParseTransfer},
+        {u"gosub", &Parser::ParseGoSub},   {u"goto", &Parser::ParseGoTo},
+        {u"if", &Parser::ParseIf},         {u"input", &Parser::ParseInput},
+        {u"let", &Parser::ParseLet},       {u"lock", &Parser::ParseLock},
+        {u"lset", &Parser::ParseAlign},    {u"on", &Parser::ParseOn},
+        {u"open", &Parser::ParseOpen},     {u"print", &Parser::ParsePrint},
+        {u"put", &Parser::ParseTransfer},  {u"raiseevent", &Parser::ParseRaiseEvent},
+        {u"redim", &Parser::ParseReDim},   {u"resume", &Parser::ParseResume},
+        {u"return", &Parser::ParseReturn}, {u"rset", &Parser::ParseAlign},
+        {u"select", &Parser::ParseSelect}, {u"set", &Parser::ParseSet},
+        {u"static", &Parser::ParseDim},    {u"stop", &Parser::ParseStop},
+        {u"unlock", &Parser::ParseLock},   {u"while", &Parser::ParseWhile},
+        {u"with", &Parser::ParseWith},     {u"write", &Parser::ParsePrint},
+    };
+    for (const StatementWord& known : kStatements) {
+        if (IsWord(known.folded)) {
+            return (this->*known.parse)();
+        }
+    }
+    return ParseCallOrLet();
+}
+
+/// Statements whose words may be names as well: what follows decides.
+std::optional<StatementBody> Parser::ParseContextualStatement()
+{
+    const Token& next = Ahead(1);
+    if (IsWord(u"debug") && IsSymbol(next, u".") && IsWord(Ahead(2), u"print")) {
         return ParseDebugPrint();
     }
-    if (IsWord(u"line") && IsWord(Ahead(1), u"input")) {
+    if (IsWord(u"line") && IsWord(next, u"input")) {
         return ParseLineInput();
     }
-    if (IsWord(u"mid") && IsSymbol(Ahead(1), u"(")) {
+    if (IsWord(u"mid") && IsSymbol(next, u"(")) {
         ++at;
         bool assigned = ParenthesisContinuesTarget();
         --at;
@@ -147,8 +181,6 @@ StatementBody Parser::ParseStatementBody()
             return ParseMid();
         }
     }
-    // Words that may be names as well: what follows decides.
-    const Token& next = Ahead(1);
     bool beginsOperand = next.kind == TokenKind::Literal || IsSymbol(next, u"#") ||
                          (next.kind == TokenKind::Name && !IsWord(next, u"as"));
     if (IsWord(u"name") && beginsOperand) {
@@ -168,126 +200,78 @@ StatementBody Parser::ParseStatementBody()
     if (IsWord(u"width") && IsSymbol(next, u"#")) {
         Unsupported(u"Width #");
     }
-    for (const StrayWord& stray : kStrayWords) {
-        if (IsWord(stray.folded)) {
-            Fail(std::u16string(stray.message));
-        }
+    return std::nullopt;
+}
+
+StatementBody Parser::ParseDim()
+{
+    bool isStatic = IsWord(u"static");
+    ++at;
+    return DimStatement{ParseVariables(), isStatic};
+}
+
+StatementBody Parser::ParseConst()
+{
+    ++at;
+    return ConstStatement{ParseConstants()};
+}
+
+StatementBody Parser::ParseErase()
+{
+    ++at;
+    EraseStatement erase;
+    do {
+        erase.targets.push_back(ParseTarget());
+    } while (TakeSymbol(u","));
+    return erase;
+}
+
+StatementBody Parser::ParseStop()
+{
+    // There is no debugger to stop for: it ends the macro, as in a compiled program.
+    ++at;
+    return EndStatement{};
+}
+
+StatementBody Parser::ParseEnd()
+{
+    FailAtStrayEnd();
+    ++at;
+    if (Current().kind == TokenKind::Name && !IsWord(u"else")) {
+        Expected(u"end of statement");
     }
-    for (const RefusedWord& refused : kRefusedStatements) {
-        if (IsWord(refused.folded)) {
-            Unsupported(refused.shown);
-        }
-    }
-    if (IsWord(u"if")) {
-        return ParseIf();
-    }
-    if (IsWord(u"select")) {
-        return ParseSelect();
-    }
-    if (IsWord(u"for")) {
-        return ParseFor();
-    }
-    if (IsWord(u"do")) {
-        return ParseDo();
-    }
-    if (IsWord(u"while")) {
-        return ParseWhile();
-    }
-    if (IsWord(u"with")) {
-        return ParseWith();
-    }
-    if (IsWord(u"on")) {
-        return ParseOn();
-    }
-    if (IsWord(u"resume")) {
-        return ParseResume();
-    }
-    if (IsWord(u"exit")) {
-        return ParseExit();
-    }
-    if (IsWord(u"redim")) {
-        return ParseReDim();
-    }
-    if (IsWord(u"open")) {
-        return ParseOpen();
-    }
-    if (IsWord(u"close")) {
-        return ParseClose();
-    }
-    if (IsWord(u"print")) {
-        return ParsePrint(false);
-    }
-    if (IsWord(u"write")) {
-        return ParsePrint(true);
-    }
-    if (IsWord(u"input")) {
-        return ParseInput();
-    }
-    if (IsWord(u"get") || IsWord(u"put")) {
-        return ParseTransfer(IsWord(u"put"));
-    }
-    if (TakeWord(u"dim")) {
-        return DimStatement{ParseVariables(), false};
-    }
-    if (TakeWord(u"static")) {
-        return DimStatement{ParseVariables(), true};
-    }
-    if (TakeWord(u"const")) {
-        return ConstStatement{ParseConstants()};
-    }
-    if (TakeWord(u"erase")) {
-        EraseStatement erase;
-        do {
-            erase.targets.push_back(ParseTarget());
-        } while (TakeSymbol(u","));
-        return erase;
-    }
-    if (TakeWord(u"goto")) {
-        return GoToStatement{ParseLabel()};
-    }
-    if (TakeWord(u"gosub")) {
-        return GoSubStatement{ParseLabel()};
-    }
-    if (TakeWord(u"return")) {
-        return ReturnStatement{};
-    }
-    if (TakeWord(u"stop")) {
-        // There is no debugger to stop for: it ends the macro, as in a compiled program.
-        return EndStatement{};
-    }
-    if (IsWord(u"lset") || IsWord(u"rset")) {
-        return ParseAlign(IsWord(u"rset"));
-    }
-    if (IsWord(u"lock") || IsWord(u"unlock")) {
-        return ParseLock(IsWord(u"unlock"));
-    }
-    if (IsWord(u"end")) {
-        FailAtStrayEnd();
-        if (Ahead(1).kind == TokenKind::Name && !IsWord(Ahead(1), u"else")) {
-            ++at;
-            Expected(u"end of statement");
-        }
-        ++at;
-        return EndStatement{};
-    }
-    if (TakeWord(u"set")) {
-        SetStatement set;
-        set.target = ParseTarget();
-        ExpectSymbol(u"=");
-        set.value = ParseExpression();
-        return set;
-    }
-    if (TakeWord(u"let")) {
-        LetStatement let;
-        let.target = ParseTarget();
-        ExpectSymbol(u"=");
-        let.value = ParseExpression();
-        return let;
-    }
-    if (TakeWord(u"call")) {
-        return CallStatement{ParseTarget()};
-    }
-    return ParseCallOrLet();
+    return EndStatement{};
+}
+
+StatementBody Parser::ParseRaiseEvent()
+{
+    Unsupported(u"RaiseEvent");
+}
+
+StatementBody Parser::ParseSet()
+{
+    ++at;
+    SetStatement set;
+    set.target = ParseTarget();
+    ExpectSymbol(u"=");
+    set.value = ParseExpression();
+    return set;
+}
+
+StatementBody Parser::ParseLet()
+{
+    ++at;
+    LetStatement let;
+    let.target = ParseTarget();
+    ExpectSymbol(u"=");
+    let.value = ParseExpression();
+    return let;
+}
+
+StatementBody Parser::ParseCall()
+{
+    ++at;
+    return CallStatement{ParseTarget()};
 }
 
 void Parser::FailAtStrayEnd() const
@@ -462,222 +446,15 @@ SelectStatement::Test Parser::ParseCaseTest()
     return test;
 }
 
-void Parser::TakeNextVariables()
+StatementBody Parser::ParseAlign()
 {
-    if (AtEndOfStatement()) {
-        return;
-    }
-    size_t count = 0;
-    do {
-        Position where = Here();
-        ExpressionPtr variable = ParsePostfix();
-        if (count == forVariables.size()) {
-            throw CompileFailure{where, u"Next without For"};
-        }
-        const std::u16string& expected = forVariables[forVariables.size() - 1 - count];
-        if (variable->kind != ExpressionKind::Name || Lower(variable->name) != expected) {
-            throw CompileFailure{where, u"Invalid Next control variable reference"};
-        }
-        ++count;
-    } while (TakeSymbol(u","));
-    pendingNext = static_cast<int>(count) - 1;
-}
-
-/// Notes the variable of a loop that begins.
-void Parser::OpenFor(const Expression& variable)
-{
-    std::u16string folded = variable.kind == ExpressionKind::Name ? Lower(variable.name) : std::u16string();
-    if (!folded.empty() && std::find(forVariables.begin(), forVariables.end(), folded) != forVariables.end()) {
-        throw CompileFailure{variable.at, u"For control variable already in use"};
-    }
-    forVariables.push_back(std::move(folded));
-}
-
-StatementBody Parser::ParseFor()
-{
-    ++at;
-    bool isEach = TakeWord(u"each");
-    ForStatement counted;
-    ForEachStatement each;
-    if (isEach) {
-        each.variable = ParseTarget();
-        ExpectWord(u"in", u"In");
-        each.group = ParseExpression();
-    } else {
-        counted.variable = ParseTarget();
-        ExpectSymbol(u"=");
-        counted.first = ParseExpression();
-        ExpectWord(u"to", u"To");
-        counted.last = ParseExpression();
-        if (TakeWord(u"step")) {
-            counted.step = ParseExpression();
-        }
-    }
-    ExpectEndOfStatement();
-    OpenFor(isEach ? *each.variable : *counted.variable);
-    Block block = ParseBlock({u"next"});
-    Position end = Here();
-    if (pendingNext > 0) {
-        --pendingNext;
-    } else {
-        ExpectWord(u"next", u"Next");
-        TakeNextVariables();
-    }
-    forVariables.pop_back();
-    if (isEach) {
-        each.block = std::move(block);
-        each.end = end;
-        return each;
-    }
-    counted.block = std::move(block);
-    counted.end = end;
-    return counted;
-}
-
-StatementBody Parser::ParseDo()
-{
-    ++at;
-    DoStatement loop;
-    if (IsWord(u"while") || IsWord(u"until")) {
-        loop.untilBefore = IsWord(u"until");
-        ++at;
-        loop.before = ParseExpression();
-    }
-    ExpectEndOfStatement();
-    loop.block = ParseBlock({u"loop"});
-    loop.end = Here();
-    ExpectWord(u"loop", u"Loop");
-    if (IsWord(u"while") || IsWord(u"until")) {
-        if (loop.before) {
-            Expected(u"end of statement");
-        }
-        loop.untilAfter = IsWord(u"until");
-        ++at;
-        loop.after = ParseExpression();
-    }
-    return loop;
-}
-
-StatementBody Parser::ParseWhile()
-{
-    ++at;
-    DoStatement loop;
-    loop.isWhile = true;
-    loop.before = ParseExpression();
-    ExpectEndOfStatement();
-    loop.block = ParseBlock({u"wend"});
-    loop.end = Here();
-    ExpectWord(u"wend", u"Wend");
-    return loop;
-}
-
-StatementBody Parser::ParseWith()
-{
-    ++at;
-    WithStatement statement;
-    statement.subject = ParseExpression();
-    ExpectEndOfStatement();
-    statement.block = ParseBlock({u"end"});
-    ExpectEnd(u"with", u"With");
-    return statement;
-}
-
-std::u16string Parser::ParseLabel()
-{
-    const Token& token = Current();
-    if (token.kind == TokenKind::Literal && token.literal.IsNumeric()) {
-        ++at;
-        return token.text;
-    }
-    return ExpectName().text;
-}
-
-StatementBody Parser::ParseOn()
-{
-    ++at;
-    TakeWord(u"local");
-    if (!TakeWord(u"error")) {
-        return ParseOnJump();
-    }
-    OnErrorStatement statement;
-    if (TakeWord(u"resume")) {
-        ExpectWord(u"next", u"Next");
-        statement.action = OnErrorStatement::Action::ResumeNext;
-        return statement;
-    }
-    ExpectWord(u"goto", u"GoTo or Resume Next");
-    if (IsSymbol(u"-") && Ahead(1).text == u"1") {
-        at += 2;
-        statement.action = OnErrorStatement::Action::ClearActive;
-        return statement;
-    }
-    statement.label = ParseLabel();
-    statement.action = statement.label == u"0" ? OnErrorStatement::Action::Off : OnErrorStatement::Action::GoTo;
-    return statement;
-}
-
-StatementBody Parser::ParseOnJump()
-{
-    OnJumpStatement statement;
-    statement.number = ParseExpression();
-    statement.isGoSub = TakeWord(u"gosub");
-    if (!statement.isGoSub) {
-        ExpectWord(u"goto", u"GoTo or GoSub");
-    }
-    do {
-        statement.labels.push_back(ParseLabel());
-    } while (TakeSymbol(u","));
-    return statement;
-}
-
-StatementBody Parser::ParseAlign(bool isRight)
-{
-    ++at;
     AlignStatement statement;
-    statement.isRight = isRight;
+    statement.isRight = IsWord(u"rset");
+    ++at;
     statement.target = ParseTarget();
     ExpectSymbol(u"=");
     statement.value = ParseExpression();
     return statement;
-}
-
-StatementBody Parser::ParseResume()
-{
-    ++at;
-    ResumeStatement statement;
-    if (AtEndOfStatement() || IsWord(u"else")) {
-        return statement;
-    }
-    if (TakeWord(u"next")) {
-        statement.target = ResumeStatement::Target::Next;
-        return statement;
-    }
-    statement.label = ParseLabel();
-    statement.target = statement.label == u"0" ? ResumeStatement::Target::Same : ResumeStatement::Target::Label;
-    return statement;
-}
-
-StatementBody Parser::ParseExit()
-{
-    ++at;
-    struct Exit
-    {
-        std::u16string_view folded;
-        ExitStatement::What what;
-    };
-    static constexpr Exit kExits[] = {
-        {u"do", ExitStatement::What::Do},
-        {u"for", ExitStatement::What::For},
-        {u"sub", ExitStatement::What::Sub},
-        {u"function", ExitStatement::What::Function},
-        {u"property", ExitStatement::What::Property},
-    };
-    for (const Exit& exit : kExits) {
-        if (TakeWord(exit.folded)) {
-            return ExitStatement{exit.what};
-        }
-    }
-    Expected(u"Do, For, Sub, Function or Property");
 }
 
 StatementBody Parser::ParseReDim()
