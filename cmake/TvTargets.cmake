@@ -4,8 +4,13 @@
 
 add_library(tv_warnings INTERFACE)
 target_compile_options(tv_warnings INTERFACE -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror)
-# GCC 12 warns of overlapping copies inside std::string that can't happen (its bug 105651).
-target_compile_options(tv_warnings INTERFACE -Wno-restrict)
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+  # GCC 12 warns of overlapping copies inside std::string that can't happen (its bug 105651).
+  target_compile_options(tv_warnings INTERFACE -Wno-restrict)
+else()
+  # VARIANT is declared as Windows has it, with types without names inside unions without names.
+  target_compile_options(tv_warnings INTERFACE -Wno-nested-anon-types)
+endif()
 target_compile_definitions(tv_warnings INTERFACE _GLIBCXX_ASSERTIONS)
 if(WIN32)
   target_compile_definitions(tv_warnings INTERFACE UNICODE _UNICODE NOMINMAX WIN32_LEAN_AND_MEAN
@@ -15,6 +20,10 @@ if(WIN32)
 endif()
 if(TV_SANITIZE)
   add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=address,undefined)
+endif()
+if(TV_FUZZ)
+  add_compile_options(-fsanitize=address,undefined,fuzzer-no-link -fno-sanitize-recover=undefined -fno-omit-frame-pointer)
   add_link_options(-fsanitize=address,undefined)
 endif()
 

@@ -113,6 +113,7 @@ Value PrintStatement(Runtime& runtime, const Arguments& a)
         return Value();
     }
     runtime.debugLine += LayOut(layout, a, runtime.debugLine.size());
+    MemoryBudget::Check(runtime.debugLine.size() * sizeof(char16_t));
     if (runtime.debugLine.ends_with(u"\r\n")) {
         runtime.debugLine.resize(runtime.debugLine.size() - 2);
         runtime.host.DebugPrint(runtime.debugLine);

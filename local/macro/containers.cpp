@@ -13,7 +13,7 @@ namespace {
 
 class ListEnumerator final : public Enumerator
 {
-public:
+  public:
     explicit ListEnumerator(std::vector<Value> given) : values(std::move(given)) {}
 
     std::optional<Value> Next() override
@@ -21,16 +21,25 @@ public:
         return position < values.size() ? std::optional(values[position++]) : std::nullopt;
     }
 
-private:
+  private:
     std::vector<Value> values;
     size_t position = 0;
 };
 
-constexpr size_t kItemBytes = 64;
+constexpr size_t kItemBytes = 96;
+
+/// The key is held twice, the second time folded, to be found by.
+size_t BytesOf(const Collection::Item& item)
+{
+    return kItemBytes + 2 * item.key.size() * sizeof(char16_t);
+}
 
 } // namespace
 
-Container::Container(Runtime& owner) : runtime(&owner) { owner.containers.insert(this); }
+Container::Container(Runtime& owner) : runtime(&owner)
+{
+    owner.containers.insert(this);
+}
 
 Container::~Container()
 {
@@ -43,18 +52,35 @@ void Collection::Empty()
 {
     std::vector<Item> dropped;
     dropped.swap(items);
-    MemoryBudget::Credit(dropped.size() * kItemBytes);
+    places.clear();
+    placesAreKnown = true;
+    for (const Item& item : dropped) {
+        MemoryBudget::Credit(BytesOf(item));
+    }
 }
 
-size_t Collection::Find(const Value& given) const
+std::optional<size_t> Collection::FindKey(const std::u16string& key)
 {
-    if (given.IsString()) {
+    if (!placesAreKnown) {
         for (size_t i = 0; i < items.size(); ++i) {
-            if (!items[i].key.empty() && EqualIgnoringCase(items[i].key, given.Text())) {
-                return i;
+            if (!items[i].key.empty()) {
+                places.emplace(Lower(items[i].key), i);
             }
         }
-        Raise(kInvalidCall);
+        placesAreKnown = true;
+    }
+    auto found = places.find(Lower(key));
+    return found == places.end() ? std::nullopt : std::optional(found->second);
+}
+
+size_t Collection::Find(const Value& given)
+{
+    if (given.IsString()) {
+        std::optional<size_t> place = FindKey(given.Text());
+        if (!place) {
+            Raise(kInvalidCall);
+        }
+        return *place;
     }
     int32_t position = given.ToLong();
     if (position < 1 || static_cast<size_t>(position) > items.size()) {
@@ -75,17 +101,21 @@ void Collection::Add(const Arguments& given)
             Raise(kTypeMismatch);
         }
         item.key = a[1].Text();
-        for (const Item& other : items) {
-            if (!item.key.empty() && EqualIgnoringCase(other.key, item.key)) {
-                Raise(kKeyAlreadyUsed);
-            }
+        if (!item.key.empty() && FindKey(item.key)) {
+            Raise(kKeyAlreadyUsed);
         }
     }
     if (a.Has(2) && a.Has(3)) {
         Raise(kInvalidCall);
     }
     size_t place = a.Has(2) ? Find(a[2]) : a.Has(3) ? Find(a[3]) + 1 : items.size();
-    MemoryBudget::Charge(kItemBytes);
+    MemoryBudget::Charge(BytesOf(item));
+    if (place < items.size()) {
+        placesAreKnown = false;
+        places.clear();
+    } else if (placesAreKnown && !item.key.empty()) {
+        places.emplace(Lower(item.key), place);
+    }
     items.insert(items.begin() + static_cast<std::ptrdiff_t>(place), std::move(item));
 }
 
@@ -109,8 +139,14 @@ Value Collection::Invoke(const MemberName& name, InvokeKind kind, Arguments& arg
         arguments.Expect(1, 1);
         size_t place = Find(arguments[0]);
         Item removed = std::move(items[place]);
+        if (place + 1 < items.size()) {
+            placesAreKnown = false;
+            places.clear();
+        } else {
+            places.erase(Lower(removed.key));
+        }
         items.erase(items.begin() + static_cast<std::ptrdiff_t>(place));
-        MemoryBudget::Credit(kItemBytes);
+        MemoryBudget::Credit(BytesOf(removed));
         return Value();
     }
     NoSuchMember();
@@ -130,7 +166,15 @@ void Dictionary::Empty()
     std::vector<Item> dropped;
     dropped.swap(items);
     index.clear();
-    MemoryBudget::Credit(dropped.size() * kItemBytes);
+    for (const Item& item : dropped) {
+        MemoryBudget::Credit(BytesOf(item));
+    }
+}
+
+/// The key is held once more by the index.
+size_t Dictionary::BytesOf(const Item& item)
+{
+    return kItemBytes + (item.key.IsString() ? item.key.Text().size() * sizeof(char16_t) : 0);
 }
 
 std::u16string Dictionary::Canonical(const Value& key) const
@@ -160,8 +204,14 @@ Dictionary::Item& Dictionary::FindOrAdd(const Value& key)
 {
     auto [found, isNew] = index.emplace(Canonical(key), items.size());
     if (isNew) {
-        MemoryBudget::Charge(kItemBytes);
-        items.push_back(Item{key, Value()});
+        Item item{key, Value()};
+        try {
+            MemoryBudget::Charge(BytesOf(item));
+        } catch (const MacroError&) {
+            index.erase(found);
+            throw;
+        }
+        items.push_back(std::move(item));
     }
     return items[found->second];
 }
@@ -182,7 +232,7 @@ void Dictionary::Remove(const Value& key)
     }
     Item removed = std::move(items[found->second]);
     items.erase(items.begin() + static_cast<std::ptrdiff_t>(found->second));
-    MemoryBudget::Credit(kItemBytes);
+    MemoryBudget::Credit(BytesOf(removed));
     Rebuild();
 }
 
@@ -252,7 +302,12 @@ Value Dictionary::Invoke(const MemberName& name, InvokeKind kind, Arguments& arg
         if (item == nullptr) {
             throw MacroError(32811, u"Element not found");
         }
-        item->key = arguments[1];
+        Item renamed{arguments[1], item->value};
+        // Refused before anything has changed.
+        Canonical(renamed.key);
+        MemoryBudget::Charge(BytesOf(renamed));
+        MemoryBudget::Credit(BytesOf(*item));
+        std::swap(*item, renamed);
         Rebuild();
         return Value();
     }
@@ -268,7 +323,10 @@ Value Dictionary::Invoke(const MemberName& name, InvokeKind kind, Arguments& arg
     NoSuchMember();
 }
 
-Ref<Enumerator> Dictionary::Enumerate() { return MakeRef<ListEnumerator>(Keys()); }
+Ref<Enumerator> Dictionary::Enumerate()
+{
+    return MakeRef<ListEnumerator>(Keys());
+}
 
 Runtime::~Runtime()
 {
@@ -292,8 +350,9 @@ Runtime::~Runtime()
 bool IsBuiltinClass(std::u16string_view folded)
 {
     constexpr std::u16string_view kClasses[] = {
-        u"collection", u"vba.collection", u"scripting.dictionary", u"scripting.filesystemobject",
-        u"scripting.textstream", u"scripting.file", u"scripting.folder", u"errobject", u"vba.errobject",
+        u"collection",           u"vba.collection", u"scripting.dictionary", u"scripting.filesystemobject",
+        u"scripting.textstream", u"scripting.file", u"scripting.folder",     u"errobject",
+        u"vba.errobject",
     };
     return std::find(std::begin(kClasses), std::end(kClasses), folded) != std::end(kClasses);
 }

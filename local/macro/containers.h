@@ -41,8 +41,14 @@ public:
     std::vector<Item> items;
 
 private:
-    size_t Find(const Value& index) const;
+    size_t Find(const Value& index);
+    /// Position of a key, or nothing.
+    std::optional<size_t> FindKey(const std::u16string& key);
     void Add(const Arguments& given);
+
+    /// Positions by folded key; built anew when one is looked for after items have moved.
+    std::unordered_map<std::u16string, size_t> places;
+    bool placesAreKnown = true;
 };
 
 /// "Scripting.Dictionary": values by key, in the order in which the keys came.
@@ -62,6 +68,7 @@ private:
         Value key;
         Value value;
     };
+    static size_t BytesOf(const Item& item);
     /// A key as text by which equal keys are found, whatever their kind of number.
     std::u16string Canonical(const Value& key) const;
     Item* Find(const Value& key);

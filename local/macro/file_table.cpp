@@ -1,6 +1,7 @@
 #include "macro/convert.h"
 #include "macro/dates.h"
 #include "macro/file_records.h"
+#include "macro/long_work.h"
 #include "macro/runtime.h"
 #include "macro/text.h"
 
@@ -12,6 +13,16 @@ namespace {
 
 constexpr int32_t kMostNumbers = 511;
 constexpr char kEndMark = '\x1A';
+
+/// Texts from a file become characters of two bytes, and are held by their value besides.
+void Append(std::string& text, int byte)
+{
+    constexpr size_t kBetweenChecks = 0x10000;
+    text.push_back(static_cast<char>(byte));
+    if (text.size() % kBetweenChecks == 0) {
+        MemoryBudget::Check(text.size() * 4);
+    }
+}
 
 } // namespace
 
@@ -119,6 +130,7 @@ bool FileTable::Fill(OpenFile& file)
     if (file.bufferAt < file.buffer.size()) {
         return true;
     }
+    LongWork::Did(4096);
     file.buffer.resize(4096);
     file.buffer.resize(file.file->Read(file.buffer));
     file.bufferAt = 0;
@@ -171,7 +183,7 @@ std::u16string FileTable::ReadLine(int32_t number)
         if (byte == '\n') {
             break;
         }
-        line.push_back(static_cast<char>(byte));
+        Append(line, byte);
     }
     return FromNarrow(line);
 }
@@ -185,7 +197,7 @@ std::u16string FileTable::ReadUnits(int32_t number, size_t count)
         if (byte < 0) {
             Raise(kInputPastEnd);
         }
-        bytes.push_back(static_cast<char>(byte));
+        Append(bytes, byte);
     }
     return FromNarrow(bytes);
 }
@@ -204,14 +216,14 @@ Value FileTable::ReadField(int32_t number, Type stored)
     if (quoted) {
         Take(file);
         while (!AtEnd(file) && Peek(file) != '"') {
-            text.push_back(static_cast<char>(Take(file)));
+            Append(text, Take(file));
         }
         Take(file);
     }
     while (!AtEnd(file) && Peek(file) != ',' && Peek(file) != '\r' && Peek(file) != '\n') {
         int byte = Take(file);
         if (!quoted) {
-            text.push_back(static_cast<char>(byte));
+            Append(text, byte);
         }
     }
     int end = AtEnd(file) ? -1 : Take(file);

@@ -11,7 +11,13 @@ namespace tv::macro {
 
 namespace {
 
-constexpr size_t kStackSlots = size_t{1} << 20;
+/// The stack's places: enough for calls of ordinary size to reach the limit of depth before they reach the stack's end.
+size_t StackSlots(const Limits& limits)
+{
+    constexpr size_t kAtLeast = size_t{1} << 15;
+    constexpr size_t kForEachCall = 200;
+    return kAtLeast + kForEachCall * static_cast<size_t>(limits.callDepth);
+}
 
 /// The constants as values that share nothing with other runs.
 std::vector<Value> OwnCopies(const std::vector<Value>& values)
@@ -28,11 +34,11 @@ std::vector<Value> OwnCopies(const std::vector<Value>& values)
 
 Runner::Runner(Host& host, const Limits& runLimits, const std::atomic<bool>& stopFlag, const Module& toRun)
     : module(toRun), limits(runLimits), stop(stopFlag), runtime(host), constants(OwnCopies(toRun.constants)),
-      hostGlobals(toRun.names.size()), storage(new std::byte[kStackSlots * sizeof(Value)])
+      hostGlobals(toRun.names.size()), storage(new std::byte[StackSlots(limits) * sizeof(Value)])
 {
     static_assert(alignof(Value) <= __STDCPP_DEFAULT_NEW_ALIGNMENT__);
     bottom = reinterpret_cast<Value*>(storage.get());
-    limit = bottom + kStackSlots;
+    limit = bottom + StackSlots(limits);
     top = bottom;
     frames.reserve(static_cast<size_t>(limits.callDepth) + 1);
     runtime.compareText = module.compareText;
@@ -695,6 +701,8 @@ void Runner::Step(const Instruction& instruction)
                                                                    : kNoHandler;
         return;
     case Op::OnErrorClear:
+        // A handler that begins with this and fails at once is a loop without a jump.
+        Checkpoint();
         runtime.err->Clear();
         frame->failedStatement = -1;
         return;

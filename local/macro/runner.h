@@ -1,6 +1,7 @@
 #pragma once
 
 #include "macro/code.h"
+#include "macro/long_work.h"
 #include "macro/runtime.h"
 
 namespace tv::macro {
@@ -119,6 +120,8 @@ private:
     const Limits& limits;
     const std::atomic<bool>& stop;
     Runtime runtime;
+    /// What takes long within an instruction hears of a stop by this.
+    LongWork longWork{[this] { CheckTime(); }};
     /// Texts are counted without atomics, so every run has constants of its own.
     std::vector<Value> constants;
     std::vector<Value> globals;

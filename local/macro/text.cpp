@@ -1,6 +1,7 @@
 #include "macro/text.h"
 
 #include "macro/error.h"
+#include "macro/long_work.h"
 
 #include <algorithm>
 
@@ -9,14 +10,20 @@ namespace tv::macro {
 namespace {
 
 constexpr char16_t kHighHalf[32] = {
-    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0x008D,
-    0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A,
-    0x0153, 0x009D, 0x017E, 0x0178,
+    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
+    0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
+    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178,
 };
 
-bool Within(char16_t unit, char16_t first, char16_t last) { return unit >= first && unit <= last; }
+bool Within(char16_t unit, char16_t first, char16_t last)
+{
+    return unit >= first && unit <= last;
+}
 
-char16_t Offset(char16_t unit, int distance) { return static_cast<char16_t>(unit + distance); }
+char16_t Offset(char16_t unit, int distance)
+{
+    return static_cast<char16_t>(unit + distance);
+}
 
 bool IsPairedLatin(char16_t unit)
 {
@@ -24,7 +31,10 @@ bool IsPairedLatin(char16_t unit)
            Within(unit, 0x460, 0x481) || Within(unit, 0x48A, 0x4BF) || Within(unit, 0x4D0, 0x52F);
 }
 
-bool IsOddPairedLatin(char16_t unit) { return Within(unit, 0x139, 0x148) || Within(unit, 0x179, 0x17E); }
+bool IsOddPairedLatin(char16_t unit)
+{
+    return Within(unit, 0x139, 0x148) || Within(unit, 0x179, 0x17E);
+}
 
 /// One element of a bracket list: a set of units and its negation. Returns the position behind the closing bracket.
 struct BracketList
@@ -71,6 +81,17 @@ bool InList(const BracketList& list, char16_t unit, bool ignoreCase)
         }
     }
     return found != list.negated;
+}
+
+void ChangeUnits(std::u16string& text, char16_t (*change)(char16_t))
+{
+    constexpr size_t kPart = 1 << 16;
+    for (size_t at = 0; at < text.size(); at += kPart) {
+        auto begin = text.begin() + static_cast<std::ptrdiff_t>(at);
+        auto end = text.begin() + static_cast<std::ptrdiff_t>(std::min(text.size(), at + kPart));
+        std::transform(begin, end, begin, change);
+        LongWork::Did(static_cast<size_t>(end - begin));
+    }
 }
 
 } // namespace
@@ -133,14 +154,14 @@ char16_t UpperUnit(char16_t unit)
 std::u16string Lower(std::u16string_view text)
 {
     std::u16string result(text);
-    std::transform(result.begin(), result.end(), result.begin(), LowerUnit);
+    ChangeUnits(result, LowerUnit);
     return result;
 }
 
 std::u16string Upper(std::u16string_view text)
 {
     std::u16string result(text);
-    std::transform(result.begin(), result.end(), result.begin(), UpperUnit);
+    ChangeUnits(result, UpperUnit);
     return result;
 }
 
@@ -179,11 +200,21 @@ int CompareTexts(std::u16string_view left, std::u16string_view right, bool ignor
 
 size_t FindText(std::u16string_view text, std::u16string_view wanted, size_t start, bool ignoreCase)
 {
-    if (!ignoreCase) {
-        return text.find(wanted, start);
+    if (wanted.empty()) {
+        return start <= text.size() ? start : std::u16string_view::npos;
     }
     for (size_t i = start; i + wanted.size() <= text.size(); ++i) {
-        if (CompareTexts(text.substr(i, wanted.size()), wanted, true) == 0) {
+        if (!ignoreCase) {
+            size_t next = text.find(wanted[0], i);
+            if (next > text.size() - wanted.size()) {
+                LongWork::Did(text.size() - i);
+                break;
+            }
+            LongWork::Did(next - i);
+            i = next;
+        }
+        LongWork::Did(wanted.size());
+        if (CompareTexts(text.substr(i, wanted.size()), wanted, ignoreCase) == 0) {
             return i;
         }
     }
@@ -196,6 +227,7 @@ size_t FindTextBackwards(std::u16string_view text, std::u16string_view wanted, s
         return std::u16string_view::npos;
     }
     for (size_t i = std::min(start, text.size() - wanted.size()) + 1; i-- > 0;) {
+        LongWork::Did(wanted.size());
         if (CompareTexts(text.substr(i, wanted.size()), wanted, ignoreCase) == 0) {
             return i;
         }
@@ -251,6 +283,7 @@ bool MatchesPattern(std::u16string_view text, std::u16string_view pattern, bool 
             }
             return false;
         }
+        LongWork::Did(position - starPosition + at - starAt + 1);
         position = ++starPosition;
         at = starAt;
     }
@@ -290,6 +323,9 @@ std::u16string FromNarrow(std::string_view bytes)
     return text;
 }
 
-std::u16string Widen(std::string_view ascii) { return std::u16string(ascii.begin(), ascii.end()); }
+std::u16string Widen(std::string_view ascii)
+{
+    return std::u16string(ascii.begin(), ascii.end());
+}
 
 } // namespace tv::macro

@@ -1,6 +1,7 @@
 #include "macro/value.h"
 
 #include "macro/convert.h"
+#include "macro/long_work.h"
 #include "macro/object.h"
 
 #include <algorithm>
@@ -109,15 +110,23 @@ void StringBox::Append(std::u16string_view more)
 Array::Array(Type elements, std::vector<Dimension> bounds, const Value& initial)
     : elementType(elements), dimensions(std::move(bounds)), initialValue(initial)
 {
+    constexpr size_t kPart = 1 << 16;
     size_t count = ElementCount(dimensions);
     charged = count * sizeof(Value);
-    MemoryBudget::Charge(charged);
-    items.resize(count, initial);
+    MemoryBudget::Check(charged);
+    items.reserve(count);
+    while (items.size() < count) {
+        items.resize(std::min(count, items.size() + kPart), initial);
+        LongWork::Did(kPart);
+    }
     if (initial.Kind() == Type::Record) {
         for (Value& item : items) {
             item = Value(initial.RecordPointer()->Clone());
+            LongWork::Did(100);
         }
     }
+    // Nothing fails from here on, so the destructor gives back what is taken.
+    MemoryBudget::Charge(charged);
 }
 
 Array::~Array()

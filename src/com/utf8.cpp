@@ -87,7 +87,7 @@ char32_t TakeUtf8(std::string_view bytes, size_t& position, LoneSurrogate lone)
     const LeadByte lead = ReadLead(static_cast<unsigned char>(bytes[position++]));
     char32_t character = lead.bits;
     for (size_t i = 0; i < lead.following; ++i) {
-        const auto next = position < bytes.size() ? static_cast<unsigned char>(bytes[position]) : '\0';
+        const unsigned next = position < bytes.size() ? static_cast<unsigned char>(bytes[position]) : 0U;
         if ((next & 0xC0) != 0x80) {
             return kReplacementCharacter;
         }
