@@ -124,6 +124,7 @@ template <typename Function> double FindZero(Function function, double guess)
 {
     constexpr int kMostSteps = 60;
     constexpr double kCloseEnough = 1e-13;
+    constexpr double kIndistinct = 1e-7;
     double first = guess;
     double second = guess == 0 ? 0.00001 : guess * 1.1;
     double atFirst = function(first);
@@ -133,7 +134,11 @@ template <typename Function> double FindZero(Function function, double guess)
         if (atSecond == 0 || std::abs(second - first) < kCloseEnough) {
             return second;
         }
-        Require(atSecond != atFirst);
+        if (atSecond == atFirst) {
+            // So near that the function can't tell the two apart, or nowhere near.
+            Require(std::abs(second - first) < kIndistinct);
+            return second;
+        }
         double next = second - atSecond * (second - first) / (atSecond - atFirst);
         first = second;
         atFirst = atSecond;

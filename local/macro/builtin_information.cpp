@@ -312,8 +312,13 @@ constexpr TextConstant kTextConstants[] = {
 };
 
 constexpr std::u16string_view kEnumerations[] = {
-    u"vbmsgboxresult",  u"vbmsgboxstyle", u"vbcomparemethod",  u"vbdayofweek", u"vbvartype",     u"vbtristate",
-    u"vbfileattribute", u"vbstrconv",     u"vbdatetimeformat", u"vbcalltype",  u"vbappwinstyle", u"vbfirstweekofyear",
+    u"vbmsgboxresult", u"vbmsgboxstyle",     u"vbcomparemethod", u"vbdayofweek",      u"vbvartype",
+    u"vbtristate",     u"vbfileattribute",   u"vbstrconv",       u"vbdatetimeformat", u"vbcalltype",
+    u"vbappwinstyle",  u"vbfirstweekofyear", u"constants",       u"colorconstants",
+};
+
+constexpr std::u16string_view kModules[] = {
+    u"conversion", u"datetime", u"filesystem", u"financial", u"information", u"interaction", u"math", u"strings",
 };
 
 struct LeftOut
@@ -375,6 +380,11 @@ std::optional<Value> FindBuiltinConstant(std::u16string_view folded)
 bool IsBuiltinEnumeration(std::u16string_view folded)
 {
     return std::find(std::begin(kEnumerations), std::end(kEnumerations), folded) != std::end(kEnumerations);
+}
+
+bool IsLibraryModule(std::u16string_view folded)
+{
+    return std::find(std::begin(kModules), std::end(kModules), folded) != std::end(kModules);
 }
 
 int32_t FindBuiltin(std::u16string_view folded)

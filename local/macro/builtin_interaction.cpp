@@ -57,6 +57,9 @@ Value GetObject(Runtime& runtime, const Arguments& a)
     return Value(object);
 }
 
+/// What the program was started with behind its name; a macro of a task has none of that.
+Value Command(Runtime&, const Arguments&) { return Value(u""); }
+
 Value Environ(Runtime& runtime, const Arguments& a)
 {
     return Value(runtime.host.Environment(a[0].ToText()));
@@ -117,6 +120,7 @@ constexpr Builtin kFunctions[] = {
     {u"beep", 0, 0, Type::Empty, Beep, {}},
     {u"callbyname", 3, kAnyNumber, Type::Variant, CallByName, {}},
     {u"choose", 1, kAnyNumber, Type::Variant, Choose, {}},
+    {u"command", 0, 0, Type::String, Command, {}},
     {u"createobject", 1, 2, Type::Variant, CreateObject, u"Class ServerName"},
     {u"doevents", 0, 0, Type::Integer, DoEvents, {}},
     {u"environ", 1, 1, Type::String, Environ, u"Expression"},

@@ -37,6 +37,9 @@ std::optional<Value> FindBuiltinConstant(std::u16string_view folded);
 /// Whether the language has an enumeration of that name, such as VbMsgBoxStyle.
 bool IsBuiltinEnumeration(std::u16string_view folded);
 
+/// Whether the language's library has a module of that name, such as Strings in `Strings.Left`.
+bool IsLibraryModule(std::u16string_view folded);
+
 /// Whether New and As know the class, such as collection or scripting.dictionary.
 bool IsBuiltinClass(std::u16string_view folded);
 /// A new object of a built-in class, or null.

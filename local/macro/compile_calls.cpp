@@ -183,6 +183,9 @@ void Compiler::EmitParamArray(const std::vector<ArgumentSyntax>& arguments, size
         bool isWritable = address.isReference && !address.isArray && address.record < 0;
         if (isWritable) {
             int32_t slot = NewSlot();
+            StatementInfo& statement = scope->procedure->statements[scope->statement];
+            statement.heldFirst = statement.heldEnd == 0 ? slot : statement.heldFirst;
+            statement.heldEnd = slot + 1;
             Emit(Op::StoreLocal, slot, 0, kRaw);
             Emit(Op::LoadLocal, slot);
             use.items.push_back(ParamArrayUse::Item{slot, count, address.stored});
@@ -381,24 +384,47 @@ int32_t Compiler::EmitLateArguments(const std::vector<ArgumentSyntax>& arguments
     return static_cast<int32_t>(module->argumentNames.size()) - 1;
 }
 
+/// `VBA`, one of its modules such as `Strings`, or both.
+bool Compiler::IsLanguageLibrary(const Expression& expression) const
+{
+    if (expression.kind == ExpressionKind::Member) {
+        return expression.base && expression.base->kind == ExpressionKind::Name &&
+               EqualIgnoringCase(expression.base->name, u"vba") && IsLanguageLibrary(*expression.base) &&
+               IsLibraryModule(Lower(expression.name));
+    }
+    std::u16string folded = expression.kind == ExpressionKind::Name ? Lower(expression.name) : std::u16string();
+    return (folded == u"vba" || IsLibraryModule(folded)) && FindVariable(folded) == nullptr &&
+           FindSymbol(folded) == nullptr;
+}
+
+Type Compiler::EmitLibraryMember(const Expression& member, const std::vector<ArgumentSyntax>& arguments)
+{
+    std::u16string folded = Lower(member.name);
+    if (folded == u"err") {
+        Emit(Op::PushErr);
+        return Type::Object;
+    }
+    RefuseLeftOut(folded, member.at);
+    int32_t builtin = FindBuiltin(folded);
+    if (builtin < 0) {
+        Fail(member.at, u"Method or data member not found: " + member.name);
+    }
+    return EmitBuiltinCall(builtin, arguments, member.at, member.suffix, true);
+}
+
 Type Compiler::EmitMemberCall(const Expression& member, const std::vector<ArgumentSyntax>& arguments)
 {
     if (!member.base) {
         EmitWithSubject(member.at);
     } else {
         const Expression& base = *member.base;
+        if (IsLanguageLibrary(base)) {
+            return EmitLibraryMember(member, arguments);
+        }
         if (base.kind == ExpressionKind::Name && FindVariable(Lower(base.name)) == nullptr) {
             std::u16string folded = Lower(base.name);
             if (folded == u"debug" && EqualIgnoringCase(member.name, u"assert")) {
                 return Type::Empty;
-            }
-            if (folded == u"vba" && FindSymbol(folded) == nullptr) {
-                RefuseLeftOut(Lower(member.name), member.at);
-                int32_t builtin = FindBuiltin(Lower(member.name));
-                if (builtin < 0) {
-                    Fail(member.at, u"Method or data member not found: " + member.name);
-                }
-                return EmitBuiltinCall(builtin, arguments, member.at, member.suffix, true);
             }
             bool isLibrary = options.library != nullptr && options.library->HasLibrary(folded);
             if (isLibrary && FindSymbol(folded) == nullptr && IsHostGlobal(Lower(member.name))) {

@@ -303,6 +303,8 @@ private:
     void RefuseLeftOut(const std::u16string& folded, const Position& at) const;
     std::optional<Type> EmitCallByName(const Expression& name, const std::vector<ArgumentSyntax>& arguments);
     Type EmitProcedureCall(int32_t index, const std::vector<ArgumentSyntax>& arguments, const Position& at);
+    bool IsLanguageLibrary(const Expression& expression) const;
+    Type EmitLibraryMember(const Expression& member, const std::vector<ArgumentSyntax>& arguments);
     void EmitParamArray(const std::vector<ArgumentSyntax>& arguments, size_t first, ParamArrayUse& use);
     void EmitWriteBack(const ParamArrayUse& use);
     void EmitArgument(const Parameter& parameter, const ArgumentSyntax* argument, const Position& at);
