@@ -179,6 +179,9 @@ struct StatementInfo
     uint32_t start = 0;
     /// Where Resume Next goes on.
     uint32_t next = 0;
+    /// Slots of references that are given up when the statement fails, from the first up to but without the end.
+    int32_t heldFirst = 0;
+    int32_t heldEnd = 0;
 };
 
 struct Procedure

@@ -65,7 +65,7 @@ void Compiler::BeginStatement(const Position& at)
     lastPosition = at;
     std::vector<StatementInfo>& statements = scope->procedure->statements;
     scope->statement = static_cast<uint32_t>(statements.size());
-    statements.push_back(StatementInfo{at.line, scope->lineNumber, Here(), Here()});
+    statements.push_back(StatementInfo{at.line, scope->lineNumber, Here(), Here(), 0, 0});
 }
 
 void Compiler::FinishStatement()

@@ -261,6 +261,10 @@ bool Runner::Handle(const MacroError& error)
             int erl = runtime.err->line;
             runtime.err->Take(error);
             runtime.err->line = erl;
+            const StatementInfo& failedHere = procedure.statements[statement];
+            for (int32_t slot = failedHere.heldFirst; slot < failedHere.heldEnd; ++slot) {
+                frame->base[slot] = Value();
+            }
             if (frame->handler == kResumeNext) {
                 at = procedure.statements[statement].next;
             } else {
