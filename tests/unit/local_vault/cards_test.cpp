@@ -84,6 +84,61 @@ TEST_F(Cards, AnUnknownVariableOrFileIsToldAndTheOthersAreWritten)
     EXPECT_EQ(ValuesOf(1), std::vector<std::string>{"=kept"});
 }
 
+TEST_F(Cards, AValueOfAFileOfAnotherIsRefused)
+{
+    FileWork(OpenAs(kBert)).CheckOut(file.id);
+    const CardWrite write{file.id, number, {}, StoredValue::FromText("A-1")};
+    EXPECT_EQ(store->WriteCards({&write, 1}), std::vector<Result>{kErrorLockedByAnotherUser});
+    EXPECT_EQ(OpenAs({"bert", "laptop"})->WriteCards({&write, 1}), std::vector<Result>{kErrorLockedOnOtherComputer});
+    EXPECT_TRUE(ValuesOf(1).empty());
+}
+
+TEST_F(Cards, AValueOfADeletedFileIsRefused)
+{
+    work.Delete(file.id);
+    const CardWrite write{file.id, number, {}, StoredValue::FromText("A-1")};
+    EXPECT_EQ(store->WriteCards({&write, 1}), std::vector<Result>{kErrorFileDeleted});
+}
+
+TEST_F(Cards, AValueOfAFileNeverCheckedInBelongsToVersionOne)
+{
+    WriteBytes(Root() / "new.step", "new");
+    const FileRecord added = work.Add(Root() / "new.step", *store->FolderById(kRootFolder));
+    const CardWrite write{added.id, number, {}, StoredValue::FromText("A-1")};
+    store->WriteCards({&write, 1});
+    EXPECT_EQ(store->CardValues(added.id, 1)[0].value.Display(), "A-1");
+    work.CheckIn(std::vector{added.id}, "");
+    EXPECT_EQ(store->CardValues(added.id, 1)[0].value.Display(), "A-1");
+}
+
+TEST_F(Cards, TheHolderSeesTheCardThatTheCheckInWillStoreAndOthersTheLatest)
+{
+    const auto cardOf = [&](VaultStore& vault) {
+        std::vector<std::string> values;
+        for (const CardValue& card : vault.WorkingCard(file.id)) {
+            values.push_back(card.configuration + "=" + card.value.Display());
+        }
+        return values;
+    };
+    Write("A-1");
+    Write("A-1-long", "Long");
+    EXPECT_EQ(cardOf(*store), (std::vector<std::string>{"=A-1", "Long=A-1-long"}));
+    work.CheckOut(file.id);
+    EXPECT_EQ(cardOf(*store), (std::vector<std::string>{"=A-1", "Long=A-1-long"}));
+    Write("A-2");
+    Write("A-2-short", "Short");
+    EXPECT_EQ(cardOf(*store), (std::vector<std::string>{"=A-2", "Long=A-1-long", "Short=A-2-short"}));
+    EXPECT_EQ(cardOf(*OpenAs(kBert)), (std::vector<std::string>{"=A-1", "Long=A-1-long"}));
+}
+
+TEST_F(Cards, AVariableIsFoundByNameAndById)
+{
+    EXPECT_EQ(store->FindCardVariable("Number")->id, number);
+    EXPECT_FALSE(store->FindCardVariable("number"));
+    EXPECT_EQ(store->CardVariableById(number)->name, "Number");
+    EXPECT_FALSE(store->CardVariableById(99));
+}
+
 TEST_F(Cards, ReferencesKeepTheVersionOfTheirSource)
 {
     const FileRecord source = Import(*store, "source.step", "one");
