@@ -50,11 +50,13 @@ void Compiler::EmitPropertyAssignment(int32_t index, const std::vector<ArgumentS
         Fail(at, u"Can't assign to read-only property");
     }
     const std::vector<Parameter>& parameters = module->procedures[static_cast<size_t>(procedure)].parameters;
-    if (arguments.size() + 1 != parameters.size()) {
+    if (parameters.empty()) {
         Fail(at, u"Wrong number of arguments or invalid property assignment");
     }
-    for (size_t i = 0; i < arguments.size(); ++i) {
-        EmitArgument(parameters[i], &arguments[i], at);
+    const std::vector<Parameter> indices(parameters.begin(), parameters.end() - 1);
+    std::vector<const ArgumentSyntax*> matched = MatchArguments(indices, arguments, at);
+    for (size_t i = 0; i < indices.size(); ++i) {
+        EmitArgument(indices[i], matched[i], at);
     }
     Type type = emitValue();
     if (type != parameters.back().type) {

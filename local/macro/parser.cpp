@@ -433,7 +433,9 @@ void Parser::ParseProcedure(ModuleSyntax& module, bool isStatic)
     const Token& name = ExpectName();
     procedure.name = name.text;
     if (IsSymbol(u"(")) {
-        procedure.parameters = ParseParameters();
+        bool endsWithValue =
+            procedure.kind == ProcedureKind::PropertyLet || procedure.kind == ProcedureKind::PropertySet;
+        procedure.parameters = ParseParameters(endsWithValue);
     }
     bool hasResult = procedure.kind == ProcedureKind::Function || procedure.kind == ProcedureKind::PropertyGet;
     if (hasResult) {
@@ -455,7 +457,7 @@ void Parser::ParseProcedure(ModuleSyntax& module, bool isStatic)
     module.procedures.push_back(std::move(procedure));
 }
 
-std::vector<ParameterSyntax> Parser::ParseParameters()
+std::vector<ParameterSyntax> Parser::ParseParameters(bool endsWithValue)
 {
     std::vector<ParameterSyntax> parameters;
     ExpectSymbol(u"(");
@@ -468,7 +470,7 @@ std::vector<ParameterSyntax> Parser::ParseParameters()
             Fail(u"ParamArray must be the last parameter");
         }
         if (parameters.size() > 1 && parameters[parameters.size() - 2].isOptional && !parameters.back().isOptional &&
-            !parameters.back().isParamArray) {
+            !parameters.back().isParamArray && !(endsWithValue && IsSymbol(u")"))) {
             Expected(u"Optional");
         }
     } while (TakeSymbol(u","));

@@ -45,7 +45,8 @@ private:
     void ParseEnum(ModuleSyntax& module);
     void ParseProcedure(ModuleSyntax& module, bool isStatic);
     ProcedureKind ParseProcedureKind();
-    std::vector<ParameterSyntax> ParseParameters();
+    /// \param endsWithValue the last one is the value of Property Let or Set
+    std::vector<ParameterSyntax> ParseParameters(bool endsWithValue = false);
     ParameterSyntax ParseParameter();
     std::vector<VariableSyntax> ParseVariables();
     VariableSyntax ParseVariable();
