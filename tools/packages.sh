@@ -7,6 +7,7 @@ build_packages=(
 windows_packages=(g++-mingw-w64-x86-64-posix mingw-w64-tools wine64)
 samples_packages=(gmsh-doc occt-misc)
 tests_packages=(ghostscript imagemagick poppler-utils xvfb)
+fuzz_packages=(clang libclang-rt-14-dev)
 format_packages=(clang-format)
 tidy_packages=(clang-tidy)
 

@@ -8,6 +8,7 @@
 #include "macro/memory_file_system.h"
 
 #include <array>
+#include <atomic>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
@@ -51,7 +52,14 @@ class BenchHost final : public macro::Host
     const macro::ExternalFunction* FindFunction(std::u16string_view, std::u16string_view) override { return nullptr; }
     macro::FileSystem& Files() override { return files; }
     double Now() override { return 46341.75; }
-    int32_t MessageBox(const std::u16string&, int32_t, const std::u16string&) override { return 1; }
+    int32_t MessageBox(const std::u16string&, int32_t, const std::u16string&) override
+    {
+        begun = true;
+        begun.notify_all();
+        return 1;
+    }
+
+    std::atomic<bool> begun = false;
 
     macro::MemoryFileSystem files;
 };
@@ -72,8 +80,8 @@ constexpr auto kCases = std::to_array<Case>({
     {"Double arithmetic, x = x * 0.5 + 1.25", u"Dim x As Double", u"x = x * 0.5 + 1.25", 5000000},
     {"Variant arithmetic, x = x * 0.5 + 1.25", u"x = 1", u"x = x * 0.5 + 1.25", 5000000},
     {"comparison and If", u"Dim x As Long", u"If i > 5 Then x = i Else x = 5", 5000000},
-    {"s = s & \"x\"", u"Dim s As String", u"s = s & \"x\"", 100000},
-    {"s = s & \"<\" & i & \">\"", u"Dim s As String", u"s = s & \"<\" & i & \">\"", 30000},
+    {"s = s & \"x\"", u"Dim s As String", u"s = s & \"x\"", 3000000},
+    {"s = s & \"<\" & i & \">\"", u"Dim s As String", u"s = s & \"<\" & i & \">\"", 1000000},
     {"procedure call, by reference", u"Dim x As Long", u"Bump x", 3000000,
      u"Sub Bump(x As Long)\nx = x + 1\nEnd Sub\n"},
     {"function call, by value", u"Dim x As Long", u"x = Following(x)", 3000000,
@@ -156,7 +164,7 @@ void MeasureGrowth()
     const auto module =
         CompileOrEnd(u"Sub main(ByVal n As Long)\nDim s As String\nFor i = 1 To n\ns = s & \"x\"\nNext\nEnd Sub\n");
     std::printf("\n%-44s %14s %12s\n", "s = s & \"x\", by rounds", "ms", "ns each");
-    for (int32_t rounds : {50000, 100000, 200000}) {
+    for (int32_t rounds : {100000, 1000000, 10000000}) {
         const double seconds = Run(*module, rounds);
         std::printf("%-44d %14.2f %12.1f\n", rounds, seconds * 1e3, seconds / rounds * 1e9);
     }
@@ -183,6 +191,56 @@ void MeasureCompiler()
     std::printf("\ncompiler: %.1f MB of text a second (%.0f ms for %.1f MB in UTF-16)\n",
                 static_cast<double>(text.size()) * 2 / 1e6 / seconds, seconds * 1e3,
                 static_cast<double>(text.size()) * 2 / 1e6);
+}
+
+/// How soon a stop that is asked for in the midst of an operation ends the run.
+struct LongOperation
+{
+    const char* name;
+    std::u16string_view before;
+    std::u16string_view operation;
+};
+
+constexpr auto kLongOperations = std::to_array<LongOperation>({
+    {"loop", u"", u"Do: Loop"},
+    {"InStr", u"s = String(3000000, \"a\"): w = String(1000000, \"a\") & \"b\"", u"x = InStr(s, w)"},
+    {"Replace, ignoring case", u"s = String(3000000, \"a\"): w = String(1000000, \"A\") & \"b\"",
+     u"x = Replace(s, w, \"c\", 1, -1, 1)"},
+    {"Like", u"s = String(3000000, \"a\"): w = \"*\" & String(1000000, \"a\") & \"b\"", u"x = s Like w"},
+    {"String of 100 million", u"", u"Do: s = String(100000000, \"a\"): Loop"},
+    {"UCase of 50 million", u"s = String(50000000, \"a\")", u"Do: x = UCase(s): Loop"},
+    {"StrReverse of 50 million", u"s = String(50000000, \"a\")", u"Do: x = StrReverse(s): Loop"},
+    {"Join of a million", u"a = Split(String(1000000, \",\"), \",\")", u"Do: x = Join(a, \"--\"): Loop"},
+    {"ReDim of 10 million", u"", u"Do: ReDim a(10000000): Loop"},
+    {"ReDim Preserve of 10 million", u"ReDim a(10000000)", u"Do: ReDim Preserve a(10000000): Loop"},
+    {"For Each over a million", u"Set c = New Collection: For i = 1 To 1000000: c.Add i: Next",
+     u"Do: For Each v In c: Next: Loop"},
+});
+
+void MeasureStops()
+{
+    std::printf("\n%-44s %14s\n", "from the request to the end of the run", "ms");
+    for (const LongOperation& measured : kLongOperations) {
+        const auto module = CompileOrEnd(u"Sub main()\n" + std::u16string(measured.before) + u"\nMsgBox 1\n" +
+                                         std::u16string(measured.operation) + u"\nEnd Sub\n");
+        BenchHost host;
+        macro::Machine machine(host, {});
+        Clock::time_point asked;
+        std::thread other([&] {
+            host.begun.wait(false);
+            std::this_thread::sleep_for(std::chrono::milliseconds(150));
+            asked = Clock::now();
+            machine.RequestStop();
+        });
+        const macro::RunResult result = machine.Run(*module, u"main");
+        const double milliseconds = SecondsSince(asked) * 1e3;
+        other.join();
+        if (result.outcome != macro::Outcome::Stopped) {
+            std::fprintf(stderr, "%s wasn't stopped\n", measured.name);
+            std::exit(1);
+        }
+        std::printf("%-44s %14.1f\n", measured.name, milliseconds);
+    }
 }
 
 struct Race
@@ -245,6 +303,7 @@ int main()
     tv::bench::MeasureStatements();
     tv::bench::MeasureGrowth();
     tv::bench::MeasureCompiler();
+    tv::bench::MeasureStops();
     tv::bench::MeasureAgainstNameWalker();
     return 0;
 }
