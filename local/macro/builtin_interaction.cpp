@@ -58,7 +58,10 @@ Value GetObject(Runtime& runtime, const Arguments& a)
 }
 
 /// What the program was started with behind its name; a macro of a task has none of that.
-Value Command(Runtime&, const Arguments&) { return Value(u""); }
+Value Command(Runtime&, const Arguments&)
+{
+    return Value(u"");
+}
 
 Value Environ(Runtime& runtime, const Arguments& a)
 {

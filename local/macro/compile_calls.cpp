@@ -261,11 +261,11 @@ int32_t Compiler::SizeOfRecord(int32_t record) const
     for (const Shape& field : module->records[static_cast<size_t>(record)].fields) {
         constexpr int32_t kPointer = 8;
         constexpr int32_t kVariant = 24;
-        int32_t one = field.fixedLength >= 0         ? field.fixedLength
-                      : field.record >= 0            ? SizeOfRecord(field.record)
-                      : field.type == Type::Variant  ? kVariant
-                      : SizeOf(field.type) == 0      ? kPointer
-                                                     : SizeOf(field.type);
+        int32_t one = field.fixedLength >= 0        ? field.fixedLength
+                      : field.record >= 0           ? SizeOfRecord(field.record)
+                      : field.type == Type::Variant ? kVariant
+                      : SizeOf(field.type) == 0     ? kPointer
+                                                    : SizeOf(field.type);
         int64_t count = 1;
         for (const Dimension& dimension : field.dimensions) {
             count = std::min<int64_t>(count * dimension.count, 0x7FFFFFFF);

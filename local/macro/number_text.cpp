@@ -199,7 +199,8 @@ std::u16string FloatingText(double number, int places)
     mantissa.resize(mantissa[last] == '.' ? last : last + 1);
     int fraction = static_cast<int>(mantissa.size() - std::min(mantissa.find('.'), mantissa.size() - 1)) - 1;
     if (exponent >= places || fraction - exponent > places) {
-        return Widen(mantissa + text.substr(mark));
+        std::snprintf(buffer, sizeof buffer, "E%c%02d", exponent < 0 ? '-' : '+', std::abs(exponent));
+        return Widen(mantissa + buffer);
     }
     std::snprintf(buffer, sizeof buffer, "%.*f", std::max(fraction - exponent, 0), number == 0 ? 0.0 : number);
     return Widen(buffer);
