@@ -222,9 +222,11 @@ void Compiler::EmitBody(const ReturnStatement&)
 
 void Compiler::EmitBody(const OnJumpStatement& statement)
 {
+    const Position where = lastPosition;
     Variable number = NewHidden();
     EmitValue(*statement.number);
     EmitInternal(u"#choice", 1);
+    lastPosition = where;
     Emit(Op::StoreLocal, number.slot, 0, kRaw);
     std::vector<size_t> toEnd;
     for (size_t i = 0; i < statement.labels.size(); ++i) {

@@ -258,18 +258,23 @@ class ConditionalFilter
             if (name.folded == u"len" || name.folded == u"lenb") {
                 return Value(static_cast<int32_t>(argument.ToText().size() * (name.folded == u"len" ? 1 : 2)));
             }
-            double number = argument.ToDouble();
-            if (name.folded == u"int") {
-                return Value(std::floor(number));
-            }
-            if (name.folded == u"fix") {
-                return Value(std::trunc(number));
-            }
-            if (name.folded == u"abs") {
-                return Value(std::abs(number));
-            }
-            if (name.folded == u"sgn") {
-                return Value(static_cast<int16_t>(number > 0 ? 1 : number < 0 ? -1 : 0));
+            struct Calculation
+            {
+                std::u16string_view name;
+                double (*apply)(double number);
+            };
+            static constexpr Calculation kCalculations[] = {
+                {u"abs", [](double number) { return std::abs(number); }},
+                {u"fix", [](double number) { return std::trunc(number); }},
+                {u"int", [](double number) { return std::floor(number); }},
+                {u"sgn", [](double number) { return number > 0   ? 1.0
+                                                    : number < 0 ? -1.0
+                                                                 : 0.0; }},
+            };
+            for (const Calculation& calculation : kCalculations) {
+                if (calculation.name == name.folded) {
+                    return Value(calculation.apply(argument.ToDouble()));
+                }
             }
             throw CompileFailure{name.at, u"Sub or Function not defined: " + name.text};
         });

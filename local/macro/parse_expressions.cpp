@@ -313,7 +313,7 @@ ExpressionPtr Parser::ParseTarget()
 {
     ExpressionPtr target = ParsePostfix();
     if (target->kind == ExpressionKind::Literal || target->kind == ExpressionKind::Parenthesized) {
-        Expected(u"variable");
+        throw CompileFailure{target->at, u"Expected: variable"};
     }
     return target;
 }
