@@ -107,8 +107,15 @@ Value RightTrimOf(const std::u16string& text, const Arguments&)
 
 Value Reverse(Runtime&, const Arguments& a)
 {
+    constexpr size_t kPart = 1 << 16;
     std::u16string text = a[0].ToText();
-    return Value(std::u16string(text.rbegin(), text.rend()));
+    for (size_t i = 0; i < text.size() / 2; ++i) {
+        std::swap(text[i], text[text.size() - 1 - i]);
+        if (i % kPart == 0) {
+            LongWork::Did(kPart);
+        }
+    }
+    return Value(std::move(text));
 }
 
 Value LengthOf(const std::u16string& text, const Arguments&)

@@ -220,7 +220,11 @@ void Runner::ReDim(const Instruction& instruction)
         }
         // The last index moves slowest, so that what is kept comes first.
         size_t kept = std::min(old->items.size(), created->items.size());
-        std::copy_n(old->items.begin(), kept, created->items.begin());
+        constexpr size_t kPart = 1 << 16;
+        for (size_t first = 0; first < kept; first += kPart) {
+            std::copy_n(&old->items[first], std::min(kPart, kept - first), &created->items[first]);
+            LongWork::Did(kPart);
+        }
     }
     holder = Value(created);
 }

@@ -181,7 +181,7 @@ TEST_P(Fuzz, SurvivesItsSeeds)
 
 TEST_P(Fuzz, SurvivesMutationsOfItsSeeds)
 {
-    constexpr int kMutations = 400;
+    constexpr int kMutations = 200;
     const std::vector<Input> seeds = SeedsOf(GetParam());
     Dice dice;
     for (int i = 0; i < kMutations; ++i) {

@@ -123,7 +123,9 @@ void EvaluateLiteral(Bytes bytes)
     const macro::CompileResult compiled = macro::Compile(text);
     Require(compiled.module != nullptr, "an encoded value is a literal of the macro language");
     FuzzHost host;
-    macro::Machine machine(host, {});
+    macro::Limits limits;
+    limits.callDepth = 10;
+    macro::Machine machine(host, limits);
     const macro::RunResult result = machine.Run(*compiled.module, u"main");
     Require(result.outcome == macro::Outcome::Ok && result.value.ToText() == value, "an encoded value comes back");
 }
