@@ -11,7 +11,10 @@ namespace tv::macro {
 
 namespace {
 
-bool IsSeparator(char16_t unit) { return unit == u'\\' || unit == u'/'; }
+bool IsSeparator(char16_t unit)
+{
+    return unit == u'\\' || unit == u'/';
+}
 
 std::u16string FileNamePart(const std::u16string& path)
 {
@@ -20,7 +23,8 @@ std::u16string FileNamePart(const std::u16string& path)
         return {};
     }
     size_t start = path.find_last_of(u"\\/:", end);
-    return path.substr(start == std::u16string::npos ? 0 : start + 1, end - (start == std::u16string::npos ? 0 : start + 1) + 1);
+    return path.substr(start == std::u16string::npos ? 0 : start + 1,
+                       end - (start == std::u16string::npos ? 0 : start + 1) + 1);
 }
 
 std::u16string ParentPart(const std::u16string& path)
@@ -57,7 +61,7 @@ std::u16string Joined(std::u16string folder, const std::u16string& name)
 
 class TextStream final : public Object
 {
-public:
+  public:
     explicit TextStream(std::unique_ptr<File> opened, bool reads) : file(std::move(opened)), isReader(reads) {}
 
     std::u16string ClassName() const override { return u"TextStream"; }
@@ -90,7 +94,7 @@ public:
         return Read(name, a);
     }
 
-private:
+  private:
     void Write(const std::u16string& text)
     {
         if (isReader) {
@@ -113,7 +117,7 @@ private:
 
     Value Read(const MemberName& name, const Arguments& a)
     {
-        constexpr std::u16string_view kMembers[] = {u"readline", u"readall", u"read", u"skipline", u"skip",
+        constexpr std::u16string_view kMembers[] = {u"readline",      u"readall",     u"read", u"skipline", u"skip",
                                                     u"atendofstream", u"atendofline", u"line", u"column"};
         if (std::find(std::begin(kMembers), std::end(kMembers), name.folded) == std::end(kMembers)) {
             NoSuchMember();
@@ -160,11 +164,10 @@ private:
 /// A file or a folder of the file system.
 class PathObject final : public Object
 {
-public:
+  public:
     PathObject(FileSystem& system, std::u16string where, bool folder)
         : files(system), path(std::move(where)), isFolder(folder)
-    {
-    }
+    {}
 
     std::u16string ClassName() const override { return isFolder ? u"Folder" : u"File"; }
 
@@ -206,10 +209,10 @@ public:
         NoSuchMember();
     }
 
-private:
+  private:
     class List final : public Object
     {
-    public:
+      public:
         explicit List(std::vector<Value> given) : values(std::move(given)) {}
         std::u16string ClassName() const override { return u"Files"; }
         Value Invoke(const MemberName& name, InvokeKind, Arguments& a) override
@@ -233,21 +236,21 @@ private:
         {
             class Walk final : public Enumerator
             {
-            public:
+              public:
                 explicit Walk(std::vector<Value> given) : values(std::move(given)) {}
                 std::optional<Value> Next() override
                 {
                     return at < values.size() ? std::optional(values[at++]) : std::nullopt;
                 }
 
-            private:
+              private:
                 std::vector<Value> values;
                 size_t at = 0;
             };
             return MakeRef<Walk>(values);
         }
 
-    private:
+      private:
         std::vector<Value> values;
     };
 
@@ -269,7 +272,7 @@ private:
 
 class FileSystemObject final : public Object
 {
-public:
+  public:
     explicit FileSystemObject(FileSystem& system) : files(system) {}
 
     std::u16string ClassName() const override { return u"FileSystemObject"; }
@@ -288,7 +291,7 @@ public:
         NoSuchMember();
     }
 
-private:
+  private:
     struct Member
     {
         std::u16string_view name;
@@ -519,6 +522,9 @@ const FileSystemObject::Member FileSystemObject::kMembers[22] = {
 
 } // namespace
 
-Ref<Object> MakeFileSystemObject(Runtime& runtime) { return MakeRef<FileSystemObject>(runtime.host.Files()); }
+Ref<Object> MakeFileSystemObject(Runtime& runtime)
+{
+    return MakeRef<FileSystemObject>(runtime.host.Files());
+}
 
 } // namespace tv::macro

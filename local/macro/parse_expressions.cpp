@@ -214,8 +214,10 @@ ExpressionPtr Parser::ParsePrimary()
         Value (*value)();
     };
     static constexpr Word kWords[] = {
-        {u"true", [] { return Value(true); }},        {u"false", [] { return Value(false); }},
-        {u"empty", [] { return Value(); }},           {u"null", [] { return Value::Null(); }},
+        {u"true", [] { return Value(true); }},
+        {u"false", [] { return Value(false); }},
+        {u"empty", [] { return Value(); }},
+        {u"null", [] { return Value::Null(); }},
         {u"nothing", [] { return Value::Nothing(); }},
     };
     for (const Word& word : kWords) {
@@ -228,8 +230,8 @@ ExpressionPtr Parser::ParsePrimary()
     }
     // Names of functions that are reserved words as well.
     constexpr std::u16string_view kFunctionWords[] = {u"date", u"string", u"input"};
-    bool isFunction = std::find(std::begin(kFunctionWords), std::end(kFunctionWords), token.folded) !=
-                      std::end(kFunctionWords);
+    bool isFunction =
+        std::find(std::begin(kFunctionWords), std::end(kFunctionWords), token.folded) != std::end(kFunctionWords);
     if (!token.isBracketed && IsReservedWord(token.folded) && !isFunction) {
         Expected(u"expression");
     }
