@@ -115,6 +115,10 @@ static_assert(IsSorted());
 
 char16_t UpperCase(char16_t unit)
 {
+    if (unit < 0x80) {
+        // Most of any path, so it shouldn't cost a search.
+        return unit >= u'a' && unit <= u'z' ? static_cast<char16_t>(unit - 0x20) : unit;
+    }
     const auto range = std::lower_bound(std::begin(kLetterRanges), std::end(kLetterRanges), unit,
                                         [](const LetterRange& row, char16_t letter) { return row.last < letter; });
     if (range == std::end(kLetterRanges) || unit < range->first || (unit - range->first) % range->step != 0) {

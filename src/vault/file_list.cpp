@@ -31,9 +31,8 @@ void AppendPlace(pugi::xml_node record, const TaskFile& file)
     AppendElement(record, "ver", std::to_string(file.version));
 }
 
-void AppendRecord(pugi::xml_node root, const TaskFile& file, int32_t taskKind)
+void FillRecord(pugi::xml_node record, const TaskFile& file, int32_t taskKind)
 {
-    pugi::xml_node record = root.append_child("sel");
     if (file.source == nullptr) {
         AppendPlace(record, file);
         return;
@@ -125,15 +124,24 @@ bool HasElementBehind(pugi::xml_node root)
 
 std::u16string FileListText(const std::vector<TaskFile>& files, int32_t taskKind)
 {
+    // One record at a time, so that a long list doesn't stand in memory as a tree as well.
+    constexpr unsigned int kForm = pugi::format_raw | pugi::format_no_declaration;
+    constexpr std::string_view kRoot = "<sels>";
+    Utf8Writer writer;
+    writer.bytes = kRoot;
     pugi::xml_document document;
-    pugi::xml_node root = document.append_child("sels");
     for (const TaskFile& file : files) {
         if (!file.isLog) {
-            AppendRecord(root, file, taskKind);
+            pugi::xml_node record = document.append_child("sel");
+            FillRecord(record, file, taskKind);
+            record.print(writer, "", kForm, pugi::encoding_utf8);
+            document.remove_child(record);
         }
     }
-    Utf8Writer writer;
-    root.print(writer, "", pugi::format_raw | pugi::format_no_declaration, pugi::encoding_utf8);
+    if (writer.bytes == kRoot) {
+        return u"<sels/>";
+    }
+    writer.bytes += "</sels>";
     return FromUtf8(writer.bytes, kNames);
 }
 

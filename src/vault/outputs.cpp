@@ -58,7 +58,8 @@ void VaultFiles::AddPrinted(std::u16string_view path, std::u16string_view name)
 
 bool VaultFiles::IsKnownOutput(std::u16string_view path) const
 {
-    return std::ranges::any_of(outputs.WithPath(path), [&](size_t index) { return !outputs.Files()[index].isPrinted; });
+    const std::vector<size_t> indexes = outputs.WithPath(path);
+    return std::ranges::any_of(indexes, [&](size_t index) { return !outputs.Files()[index].isPrinted; });
 }
 
 /// The macro writes a new file, so what stands in its place is removed.

@@ -74,8 +74,10 @@ int32_t ReferenceFlags(IVyxTaskInstance* instance)
 /// The first record of a file counts.
 std::unordered_map<int32_t, int32_t> LatestVersionsById(SAFEARRAY* records)
 {
+    const SafeArrayView<VyxListFile> view(records);
     std::unordered_map<int32_t, int32_t> latest;
-    for (const VyxListFile& record : SafeArrayView<VyxListFile>(records).Elements()) {
+    latest.reserve(view.size());
+    for (const VyxListFile& record : view) {
         latest.emplace(static_cast<int32_t>(record.fileId), static_cast<int32_t>(record.latestVersion));
     }
     return latest;
@@ -169,37 +171,45 @@ void VaultFiles::FetchLocalCopies(IVyxTaskInstance* instance, IVyxVault* vaultOf
 
 void VaultFiles::TakeLatestVersions(const SelectedFiles& list)
 {
-    std::vector<TaskFile> copies;
-    copies.reserve(list.size());
+    std::vector<TaskFile*> files;
+    files.reserve(list.size());
     for (const auto& file : list) {
-        copies.push_back(*file);
+        files.push_back(file.get());
     }
-    ThrowIfFailed(GetLatestVersions(copies));
-    for (size_t i = 0; i < list.size(); ++i) {
-        list[i]->latestVersion = copies[i].latestVersion;
-    }
+    FillLatestVersions(files);
 }
 
 Result VaultFiles::GetLatestVersions(std::vector<TaskFile>& list)
 {
     return AtBoundary([&] {
-        ComPtr<IVyxBatchList> batch;
-        ThrowIfFailed(MakeUtility(vault.get(), kUtilityBatchList, batch));
-        for (const TaskFile& file : list) {
-            ThrowIfFailed(batch->AddFile(Variant::FromText(file.path).get(), 0, 0, 0));
-        }
-        SafeArray created;
-        SafeArray records;
-        ThrowIfFailed(batch->CreateList(u"", created.put()));
-        ThrowIfFailed(batch->GetFileList(records.put()));
-        const auto latest = LatestVersionsById(records.get());
+        std::vector<TaskFile*> files;
+        files.reserve(list.size());
         for (TaskFile& file : list) {
-            if (const auto found = latest.find(file.fileId); found != latest.end()) {
-                file.latestVersion = found->second;
-            }
+            files.push_back(&file);
         }
+        FillLatestVersions(files);
         return 0;
     });
+}
+
+/// Raises a failure, and then leaves every record as it was.
+void VaultFiles::FillLatestVersions(std::span<TaskFile* const> files)
+{
+    ComPtr<IVyxBatchList> batch;
+    ThrowIfFailed(MakeUtility(vault.get(), kUtilityBatchList, batch));
+    for (const TaskFile* file : files) {
+        ThrowIfFailed(batch->AddFile(Variant::FromText(file->path).get(), 0, 0, 0));
+    }
+    SafeArray created;
+    SafeArray records;
+    ThrowIfFailed(batch->CreateList(u"", created.put()));
+    ThrowIfFailed(batch->GetFileList(records.put()));
+    const auto latest = LatestVersionsById(records.get());
+    for (TaskFile* file : files) {
+        if (const auto found = latest.find(file->fileId); found != latest.end()) {
+            file->latestVersion = found->second;
+        }
+    }
 }
 
 } // namespace tv

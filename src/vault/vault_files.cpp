@@ -60,6 +60,7 @@ Result VaultFiles::SaveFileList(IVyxTaskInstance* instance, int32_t taskKind)
 Result VaultFiles::SaveFileList(IVyxTaskInstance* instance, int32_t taskKind, const SelectedFiles& list)
 {
     outputs.Clear();
+    outputs.Reserve(list.size());
     for (const auto& file : list) {
         outputs.Add(*file);
     }

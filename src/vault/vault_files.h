@@ -8,6 +8,7 @@
 #include "vault/output_list.h"
 #include "vault/task_file.h"
 
+#include <span>
 #include <string_view>
 #include <vector>
 
@@ -88,6 +89,7 @@ class VaultFiles
     void AddFilesOfFolder(IVyxFolder& folder, SelectedFiles& list);
     void FetchLocalCopies(IVyxTaskInstance* instance, IVyxVault* vaultOfCommand, const SelectedFiles& list);
     void TakeLatestVersions(const SelectedFiles& list);
+    void FillLatestVersions(std::span<TaskFile* const> files);
 
     bool IsKnownOutput(std::u16string_view path) const;
     bool StartsWithRoot(std::u16string_view path) const;

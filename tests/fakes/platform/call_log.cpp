@@ -31,7 +31,9 @@ bool CallLog::HasFailed() const
 uint32_t CallLog::Enter(std::string_view operation, std::u16string_view subject)
 {
     const std::lock_guard guard(lock);
-    calls.push_back({std::string(operation), std::u16string(subject)});
+    if (isNoting) {
+        calls.push_back({std::string(operation), std::u16string(subject)});
+    }
     uint32_t error = 0;
     for (Plan& plan : plans) {
         if (!plan.operation.empty() && plan.operation != operation) {
@@ -51,7 +53,9 @@ uint32_t CallLog::Enter(std::string_view operation, std::u16string_view subject)
 void CallLog::Note(std::string_view operation, std::u16string_view subject)
 {
     const std::lock_guard guard(lock);
-    calls.push_back({std::string(operation), std::u16string(subject)});
+    if (isNoting) {
+        calls.push_back({std::string(operation), std::u16string(subject)});
+    }
 }
 
 std::vector<Call> CallLog::Calls() const
@@ -93,6 +97,12 @@ void CallLog::Clear()
 {
     const std::lock_guard guard(lock);
     calls.clear();
+}
+
+void CallLog::StopNoting()
+{
+    const std::lock_guard guard(lock);
+    isNoting = false;
 }
 
 } // namespace tv::fakes

@@ -51,6 +51,8 @@ class CallLog
     /// Subjects of one operation, in order.
     std::vector<std::u16string> SubjectsOf(std::string_view operation) const;
     void Clear();
+    /// Notes no calls from now on, so that a measurement doesn't pay for them. Planned failures still come.
+    void StopNoting();
 
   private:
     struct Plan
@@ -65,6 +67,7 @@ class CallLog
     std::vector<Call> calls;
     std::vector<Plan> plans;
     bool hasFailed = false;
+    bool isNoting = true;
 };
 
 } // namespace tv::fakes

@@ -15,16 +15,25 @@ template <typename Things> const std::vector<int32_t>& Standing(std::vector<int3
     return ids;
 }
 
+/// The first of the ids that still stands for something; those before it leave the index.
+template <typename Find> auto FirstStanding(std::vector<int32_t>& ids, Find&& find) -> decltype(find(0))
+{
+    while (!ids.empty()) {
+        if (auto* thing = find(ids.front())) {
+            return thing;
+        }
+        ids.erase(ids.begin());
+    }
+    return nullptr;
+}
+
 } // namespace
 
 FakeFile* VaultWorld::FindFile(std::u16string_view path)
 {
     const auto found = filesByPath.find(InCapitals(path));
-    if (found == filesByPath.end()) {
-        return nullptr;
-    }
-    const Index& ids = Standing(found->second, files);
-    return ids.empty() ? nullptr : FindFile(ids.front());
+    return found != filesByPath.end() ? FirstStanding(found->second, [&](int32_t id) { return FindFile(id); })
+                                      : nullptr;
 }
 
 FakeFile* VaultWorld::FindFile(int32_t id)
@@ -36,11 +45,8 @@ FakeFile* VaultWorld::FindFile(int32_t id)
 FakeFolder* VaultWorld::FindFolder(std::u16string_view path)
 {
     const auto found = foldersByPath.find(InCapitals(path));
-    if (found == foldersByPath.end()) {
-        return nullptr;
-    }
-    const Index& ids = Standing(found->second, folders);
-    return ids.empty() ? nullptr : FindFolder(ids.front());
+    return found != foldersByPath.end() ? FirstStanding(found->second, [&](int32_t id) { return FindFolder(id); })
+                                        : nullptr;
 }
 
 FakeFolder* VaultWorld::FindFolder(int32_t id)

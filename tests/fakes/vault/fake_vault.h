@@ -67,7 +67,7 @@ struct VaultWorld
     std::u16string root;
     std::u16string user = u"operator";
     FileService* disk = nullptr; ///< where local copies stand; null when a test doesn't care
-    std::map<int32_t, std::unique_ptr<FakeFile>> files;
+    std::unordered_map<int32_t, std::unique_ptr<FakeFile>> files;
     std::map<int32_t, FakeFolder> folders;
     std::map<int32_t, std::u16string> variables; ///< card variables by id
     std::vector<int32_t> pendingCommits;         ///< what the next first commits of references leave pending

@@ -34,12 +34,14 @@ std::vector<std::string> VaultScript::CallsOf(std::string_view operation) const
 
 Result VaultScript::Enter(std::string_view operation, std::u16string_view details)
 {
-    std::string call(operation);
-    if (!details.empty()) {
-        call += ' ';
-        call += NarrowWesternText(details);
+    if (isNoting) {
+        std::string call(operation);
+        if (!details.empty()) {
+            call += ' ';
+            call += NarrowWesternText(details);
+        }
+        calls.push_back(std::move(call));
     }
-    calls.push_back(std::move(call));
 
     Result result = 0;
     for (Fault& fault : faults) {

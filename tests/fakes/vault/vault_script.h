@@ -35,6 +35,8 @@ class VaultScript
     std::vector<std::string> CallsOf(std::string_view operation) const;
     size_t CountOf(std::string_view operation) const { return CallsOf(operation).size(); }
     void ClearCalls() { calls.clear(); }
+    /// Notes no calls from now on, so that a measurement doesn't pay for them. Faults still come.
+    void StopNoting() { isNoting = false; }
 
     /// Called by the simulator at the beginning of each operation: takes note of the call and returns its scripted
     /// fault, or 0.
@@ -52,6 +54,7 @@ class VaultScript
     std::vector<std::string> calls;
     std::vector<Fault> faults;
     bool fired = false;
+    bool isNoting = true;
 };
 
 } // namespace tv::fakes

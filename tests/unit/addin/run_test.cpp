@@ -105,6 +105,7 @@ TEST_F(RunTest, TheVersionIsTheRequestedOneOrElseTheLatest)
     EXPECT_EQ(macros[0], "3");
     EXPECT_EQ(macros[1], "2");
     EXPECT_EQ(macros[2], "3");
+    EXPECT_EQ(macros[3], "-5");
 }
 
 TEST_F(RunTest, AnEmptySelectionStartsNothingAndCancels)

@@ -175,6 +175,27 @@ TYPED_TEST(VaultBatches, EachAddedFileHasItsResultInOrder)
     EXPECT_EQ(TextOf(view[1].path), this->world.PathOf(u"new.stl"));
 }
 
+TYPED_TEST(VaultBatches, AClosedFolderKeepsNoneOfTheOtherFilesFromBeingAdded)
+{
+    this->world.AddFolder(u"Closed");
+    this->world.Close(u"Closed");
+    this->world.WriteOnDisk(u"Closed\\a.stl");
+    this->world.WriteOnDisk(u"b.stl");
+    const auto add = this->template Make<IVyxBatchAdd>(16);
+    EXPECT_EQ(this->Queue(*add.get(), u"Closed\\a.stl", u"Closed"), 0);
+    EXPECT_EQ(this->Queue(*add.get(), u"b.stl", u""), 0);
+    SafeArray results;
+    int32_t count = 0;
+    ASSERT_EQ(add->CommitAdd(0, results.put(), 0, 0, &count), 0);
+    const SafeArrayView<VyxAddResult> view(results.get());
+    ASSERT_EQ(view.size(), 2u);
+    EXPECT_EQ(view[0].result, this->kPermissionDenied);
+    EXPECT_EQ(TextOf(view[0].path), this->world.PathOf(u"Closed\\a.stl"));
+    EXPECT_EQ(view[1].result, 0);
+    EXPECT_FALSE(this->IsInVault(u"Closed\\a.stl"));
+    EXPECT_TRUE(this->IsInVault(u"b.stl"));
+}
+
 TYPED_TEST(VaultBatches, AFolderOutsideOfTheVaultTakesNoFile)
 {
     this->world.WriteOnDisk(u"a.stl");

@@ -262,6 +262,17 @@ TYPED_TEST(VaultLookUps, AFileIsDeletedFromItsOwnFolderOnly)
     EXPECT_TRUE(this->IsInVault(u"a.step"));
 }
 
+TYPED_TEST(VaultLookUps, InAClosedFolderFilesAreFoundAndNeitherLockedNorDeleted)
+{
+    this->world.AddFile(u"Closed\\a.step");
+    this->world.Close(u"Closed");
+    EXPECT_EQ(this->Lock(u"Closed\\a.step"), this->kPermissionDenied);
+    EXPECT_EQ(this->FolderOf(u"Closed\\a.step")->DeleteFile(0, this->PairOf(u"Closed\\a.step").fileId, -1),
+              this->kPermissionDenied);
+    EXPECT_FALSE(this->IsLocked(u"Closed\\a.step"));
+    EXPECT_TRUE(this->IsInVault(u"Closed\\a.step"));
+}
+
 TYPED_TEST(VaultLookUps, EachUtilityHasItsNumber)
 {
     EXPECT_TRUE((this->template Make<IVyxBatchUpdate>(2)));

@@ -97,6 +97,14 @@ void LocalVault::CheckOutByAnother(std::u16string_view place)
     local::FileWork(OpenAs(local::kBert)).CheckOut(Record(place).id);
 }
 
+void LocalVault::Close(std::u16string_view folder)
+{
+    const auto record = store->FindFolder(local::ParseVaultPath(local::Utf8(folder)));
+    constexpr uint32_t kReadAndPermit =
+        static_cast<uint32_t>(local::Right::Read) | static_cast<uint32_t>(local::Right::Permit);
+    store->Permit(record.value().id, local::kEveryUser, local::Rights{kReadAndPermit});
+}
+
 void LocalVault::Refer(std::u16string_view parent, std::u16string_view source)
 {
     const local::ReferenceRecord reference{Record(source).id, 0};

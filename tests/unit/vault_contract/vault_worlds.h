@@ -27,6 +27,8 @@ class SimulatedVault
     void SetCard(std::u16string_view place, int32_t variable, std::u16string_view configuration,
                  std::u16string_view text);
     void CheckOutByAnother(std::u16string_view place) { vault.CheckOut(PathOf(place), u"somebody"); }
+    /// Everybody may read in the folder and nothing else.
+    void Close(std::u16string_view folder) { vault.MakeReadOnly(PathOf(folder)); }
     void Refer(std::u16string_view parent, std::u16string_view source);
 
     std::vector<int32_t> SourcesOf(std::u16string_view place);
@@ -56,6 +58,7 @@ class LocalVault : public local::DiskWorld
     void SetCard(std::u16string_view place, int32_t variable, std::u16string_view configuration,
                  std::u16string_view text);
     void CheckOutByAnother(std::u16string_view place);
+    void Close(std::u16string_view folder);
     void Refer(std::u16string_view parent, std::u16string_view source);
 
     std::vector<int32_t> SourcesOf(std::u16string_view place);
@@ -78,6 +81,7 @@ using Vaults = testing::Types<SimulatedVault, LocalVault>;
 template <typename World> class VaultContract : public testing::Test
 {
   protected:
+    static constexpr Result kPermissionDenied = static_cast<Result>(0x80040203u);
     static constexpr Result kFileNotFound = static_cast<Result>(0x80040213u);
     static constexpr Result kFolderNotFound = static_cast<Result>(0x80040214u);
     static constexpr Result kNotLockedByYou = static_cast<Result>(0x80040210u);
