@@ -113,6 +113,7 @@ bool VaultFiles::StandsOnDisk(const TaskFile& output)
 Result VaultFiles::CollectResultFiles(std::vector<VyxDocument>& list, bool includeLog)
 {
     return AtBoundary([&] {
+        list.reserve(list.size() + outputs.Files().size());
         for (const TaskFile& output : outputs.Files()) {
             const bool wanted = !output.isPrinted && output.underVaultRoot && (includeLog || !output.isLog);
             VaultPlace place;

@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <cstring>
 #include <thread>
 
@@ -197,6 +198,32 @@ TEST_F(NotificationTest, WhileAnotherHasItsTurnTheCallWaits)
     turn->Release();
     thread->Join();
     EXPECT_EQ(machine.pipes.Messages().size(), 1u);
+}
+
+TEST_F(NotificationTest, TheCallLastsUntilTheServerAnswers)
+{
+    std::atomic<bool> isAsked = false;
+    std::atomic<bool> mayAnswer = false;
+    std::atomic<bool> isOver = false;
+    machine.pipes.Listen(kNotificationPipe, [&](std::span<const uint8_t>) {
+        isAsked = true;
+        while (!mayAnswer) {
+            std::this_thread::yield();
+        }
+        return std::vector<uint8_t>{1};
+    });
+    machine.threads.SetMode(fakes::ThreadMode::Real);
+    const std::unique_ptr<WorkerThread> thread = machine.platform.threads.StartThread([&] {
+        NotifyVaultClient(machine.pipes, 1, u"a");
+        isOver = true;
+    });
+    while (!isAsked) {
+        std::this_thread::yield();
+    }
+    EXPECT_FALSE(isOver);
+    mayAnswer = true;
+    thread->Join();
+    EXPECT_TRUE(isOver);
 }
 
 TEST_F(NotificationTest, AMutexThatCantBeHadOtherwiseIsDoneWithout)
