@@ -12,20 +12,19 @@ namespace tv::local {
 
 namespace {
 
-constexpr auto kLongestWait = std::chrono::seconds(15);
 constexpr auto kLongestPause = std::chrono::milliseconds(5);
 
 /// Waits for another writer. The pauses stay short: a transaction takes milliseconds, and whoever pauses long finds
 /// that others were served meanwhile, again and again.
-int WaitForOthers(void* began, int count)
+int WaitForOthers(void* connection, int count)
 {
     static thread_local std::minstd_rand random{std::random_device{}()};
-    auto& start = *static_cast<std::chrono::steady_clock::time_point*>(began);
+    auto& waiting = *static_cast<Waiting*>(connection);
     const auto now = std::chrono::steady_clock::now();
     if (count == 0) {
-        start = now;
+        waiting.since = now;
     }
-    if (now - start > kLongestWait) {
+    if (now - waiting.since > waiting.longest) {
         return 0;
     }
     const auto longest = std::chrono::microseconds(kLongestPause).count();
@@ -183,7 +182,9 @@ ColumnValue Statement::Value(int column) const
     }
 }
 
-Database::Database(const std::filesystem::path& file, bool create, const Disk& announcer) : disk(announcer)
+Database::Database(const std::filesystem::path& file, bool create, const Disk& announcer,
+                   std::chrono::milliseconds patience)
+    : disk(announcer), waiting{patience, {}}
 {
     const int flags = SQLITE_OPEN_READWRITE | (create ? SQLITE_OPEN_CREATE : 0);
     const int code = sqlite3_open_v2(TextOf(file).c_str(), &connection, flags, nullptr);
@@ -193,7 +194,7 @@ Database::Database(const std::filesystem::path& file, bool create, const Disk& a
         Fail(kErrorDatabaseAccess, "The database '" + TextOf(file) + "' can't be opened: " + reason + ".");
     }
     try {
-        sqlite3_busy_handler(connection, WaitForOthers, &waitingSince);
+        sqlite3_busy_handler(connection, WaitForOthers, &waiting);
         Script("PRAGMA journal_mode=WAL; PRAGMA synchronous=FULL; PRAGMA foreign_keys=ON;");
     } catch (...) {
         sqlite3_close(connection);

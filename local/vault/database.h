@@ -76,11 +76,21 @@ class Statement
     sqlite3_stmt* statement = nullptr;
 };
 
+inline constexpr std::chrono::milliseconds kLongestWait = std::chrono::seconds(15);
+
+/// How long a connection waits for another's write, and since when it does.
+struct Waiting
+{
+    std::chrono::milliseconds longest;
+    std::chrono::steady_clock::time_point since;
+};
+
 class Database
 {
   public:
     /// Opens or, where asked, makes the database file. Raises E_VYX_DATABASE_ACCESS with the reason.
-    Database(const std::filesystem::path& file, bool create, const Disk& disk);
+    Database(const std::filesystem::path& file, bool create, const Disk& disk,
+             std::chrono::milliseconds patience = kLongestWait);
     Database(const Database&) = delete;
     Database& operator=(const Database&) = delete;
     ~Database();
@@ -113,7 +123,7 @@ class Database
 
     const Disk& disk;
     sqlite3* connection = nullptr;
-    std::chrono::steady_clock::time_point waitingSince;
+    Waiting waiting;
     std::unique_ptr<StatementCache> statements = std::make_unique<StatementCache>();
 };
 

@@ -165,7 +165,7 @@ bool VaultStore::Exists(const fs::path& root)
 
 VaultStore::VaultStore(const fs::path& rootFolder, bool create, StoreOptions given)
     : root(rootFolder), options(std::move(given)), disk(options.beforeWrite),
-      database(DatabaseFile(rootFolder), create, disk)
+      database(DatabaseFile(rootFolder), create, disk, options.patience)
 {
     if (!options.now) {
         options.now = UtcNow;

@@ -17,6 +17,8 @@ struct StoreOptions
     WriteHook beforeWrite;
     /// The time in UTC; the machine's clock unless a test brings its own.
     std::function<std::string()> now;
+    /// How long a write waits for those of other programs before it gives up with E_VYX_LOCKED.
+    std::chrono::milliseconds patience = kLongestWait;
 };
 
 /// Bytes that stand on the disk and wait for the row that names them. Those that no row came to name go with the last

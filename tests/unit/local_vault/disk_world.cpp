@@ -33,7 +33,10 @@ DiskWorld::~DiskWorld()
 
 StoreOptions DiskWorld::OptionsOf(const Session& session) const
 {
-    return {session, {}, [] { return std::string("2026-11-21T01:40:05Z"); }};
+    StoreOptions options;
+    options.session = session;
+    options.now = [] { return std::string("2026-11-21T01:40:05Z"); };
+    return options;
 }
 
 fs::path DiskWorld::Write(std::string_view name, std::string_view bytes) const

@@ -67,9 +67,24 @@ class PowerLoss : public DiskWorld
         CheckIn(work, b.id);
         promised[{"b.stl", 2}] = "second b, longer";
 
+        work.CheckOut(b.id);
+        WriteBytes(output, "spoilt b");
+        work.UndoCheckOut(b.id);
+        const fs::path draft = Root() / "Parts" / "c.stl";
+        WriteBytes(draft, "draft c");
+        work.UndoCheckOut(work.Add(draft, store.MakeFolder({"Parts"})).id);
+
         promised.erase({"a.step", 1});
         promised.erase({"a.step", 2});
         work.Delete(a.id);
+        work.Restore(a.id);
+        promised[{"a.step", 1}] = "first a";
+        promised[{"a.step", 2}] = "second a";
+        store.Revise(a.id);
+        promised.erase({"a.step", 1});
+        promised.erase({"a.step", 2});
+        work.Delete(a.id);
+        store.PurgeFile(a.id);
     }
 
     static void ExpectPromisesKept(VaultStore& store, const Promised& promised, std::string_view where)

@@ -28,7 +28,9 @@ constexpr int kFilesOfEach = 20;
 /// Adds files to two folders that all writers share, checks them in, and makes a second version of each.
 void WorkInVault(const fs::path& root, const std::string& name)
 {
-    const auto store = VaultStore::Open(root, {{name, "bench"}, {}, {}});
+    StoreOptions options;
+    options.session = {name, "bench"};
+    const auto store = VaultStore::Open(root, options);
     FileWork work(store);
     for (int i = 0; i < kFilesOfEach; ++i) {
         const VaultPath folder{i % 2 == 0 ? "Even" : "Odd"};
@@ -202,6 +204,40 @@ TEST_F(SeveralWriters, OfOneFileMakeItsVersionsOneAfterTheOther)
     }
     EXPECT_EQ(byUser, (std::map<std::string, int>{{"anna", 5}, {"bert", 5}, {"carla", 5}}));
     store->Verify();
+}
+
+TEST_F(SeveralWriters, WaitForOneThatIsWritingAndThenWrite)
+{
+    const Disk disk({});
+    Database other(Root() / ".quellor" / "vault.db", false, disk);
+    std::atomic<bool> done = false;
+    std::thread writer;
+    {
+        const Transaction writing(other);
+        writer = std::thread([&] {
+            OpenAs(kBert)->MakeFolder({"New"});
+            done = true;
+        });
+        std::this_thread::sleep_for(std::chrono::milliseconds(50));
+        EXPECT_FALSE(done);
+        EXPECT_FALSE(store->FindFolder({"New"}));
+    }
+    writer.join();
+    EXPECT_TRUE(store->FindFolder({"New"}));
+}
+
+TEST_F(SeveralWriters, GiveUpOnOneThatNeverEnds)
+{
+    const Disk disk({});
+    Database other(Root() / ".quellor" / "vault.db", false, disk);
+    const Transaction writing(other);
+    StoreOptions options = OptionsOf(kBert);
+    options.patience = std::chrono::milliseconds(20);
+    const auto berts = VaultStore::Open(Root(), options);
+    EXPECT_EQ(CodeOf([&] { berts->MakeFolder({"New"}); }), kErrorLocked);
+    EXPECT_EQ(WordsOf([&] { berts->MakeFolder({"New"}); }),
+              "Another program has been writing into the vault for too long. Try again when it is done.");
+    EXPECT_EQ(berts->FilesIn(kRootFolder).size(), 0u);
 }
 
 TEST_F(SeveralWriters, OfOneNameGiveItToOneOfThem)
