@@ -124,25 +124,25 @@ bool HasElementBehind(pugi::xml_node root)
 
 std::u16string FileListText(const std::vector<TaskFile>& files, int32_t taskKind)
 {
-    // One record at a time, so that a long list doesn't stand in memory as a tree as well.
+    // One record at a time, so that a long list doesn't stand in memory in three forms.
     constexpr unsigned int kForm = pugi::format_raw | pugi::format_no_declaration;
-    constexpr std::string_view kRoot = "<sels>";
+    constexpr size_t kUsualRecord = 256;
+    std::u16string text = u"<sels>";
+    const size_t emptySize = text.size();
+    text.reserve(files.size() * kUsualRecord);
     Utf8Writer writer;
-    writer.bytes = kRoot;
     pugi::xml_document document;
     for (const TaskFile& file : files) {
         if (!file.isLog) {
             pugi::xml_node record = document.append_child("sel");
             FillRecord(record, file, taskKind);
+            writer.bytes.clear();
             record.print(writer, "", kForm, pugi::encoding_utf8);
             document.remove_child(record);
+            text += FromUtf8(writer.bytes, kNames);
         }
     }
-    if (writer.bytes == kRoot) {
-        return u"<sels/>";
-    }
-    writer.bytes += "</sels>";
-    return FromUtf8(writer.bytes, kNames);
+    return text.size() == emptySize ? u"<sels/>" : text.append(u"</sels>");
 }
 
 void ParseFileList(std::u16string_view text, std::vector<TaskFile>& files)

@@ -203,6 +203,7 @@ void VaultFiles::FillLatestVersions(std::span<TaskFile* const> files)
     SafeArray created;
     SafeArray records;
     ThrowIfFailed(batch->CreateList(u"", created.put()));
+    created.reset();
     ThrowIfFailed(batch->GetFileList(records.put()));
     const auto latest = LatestVersionsById(records.get());
     for (TaskFile* file : files) {

@@ -73,7 +73,7 @@ class BatchGet final : public ComObject<IVyxBatchGet>
         if (const Result fault = world->script.Enter("BatchGet.GetFiles")) {
             return fault;
         }
-        std::unordered_set<int32_t> seen(selected.begin(), selected.end());
+        std::unordered_set<int32_t> seen;
         for (std::vector<int32_t> waiting = std::move(selected); !waiting.empty();) {
             const FakeFile* file = world->FindFile(waiting.back());
             waiting.pop_back();
@@ -147,6 +147,7 @@ class BatchList final : public ComObject<IVyxBatchList>
     void FindFiles()
     {
         records.clear();
+        records.reserve(paths.size());
         for (const std::u16string& path : paths) {
             if (const FakeFile* file = world->FindFile(path)) {
                 VyxListFile record{};

@@ -121,7 +121,9 @@ void VaultRunModel::PrepareAndWork()
 
 void VaultRunModel::AddOutput(const SweepOutput& output)
 {
-    Record record{.path = output.output, .inVault = false, .isUnderRoot = output.isUnderRoot};
+    Record record;
+    record.path = output.output;
+    record.isUnderRoot = output.isUnderRoot;
     // A failure here counts as not found.
     if (!Fails("Vault.GetFileFromPath") && Find(output.output) != nullptr) {
         try {
@@ -130,7 +132,7 @@ void VaultRunModel::AddOutput(const SweepOutput& output)
             return;
         }
     }
-    records.push_back(record);
+    records.push_back(std::move(record));
 }
 
 /// True when the file stays in the vault.
@@ -195,14 +197,14 @@ void VaultRunModel::AddNewOutputs()
     }
     for (Record* record : queued) {
         if (std::ranges::find(existing, record) != existing.end()) {
-            TakeExisting(*record);
+            TakeExisting();
         }
         record->inVault = true;
     }
 }
 
 /// The file came into the vault by another way: its ids are asked for.
-void VaultRunModel::TakeExisting(Record&)
+void VaultRunModel::TakeExisting()
 {
     NeedEach({"Vault.GetFileFromPath", "File.GetID", "Folder.GetID"});
 }
@@ -281,7 +283,11 @@ Result VaultRunModel::RegisterLog()
             {"Vault.GetFileFromPath", "Vault.CreateUtility", "BatchAdd.AddFileFromPathToPath", "BatchAdd.CommitAdd"});
         outcome.files[kSweepLog] = {.version = 1, .lockedBy = "operator", .isNew = true};
         Need("Vault.CreateUtility");
-        records.push_back({.path = kSweepLog, .inVault = false, .isUnderRoot = true, .isLog = true});
+        Record log;
+        log.path = kSweepLog;
+        log.isUnderRoot = true;
+        log.isLog = true;
+        records.push_back(std::move(log));
         NeedEach({"BatchUnlock.SetComment", "BatchUnlock.AddSelection", "BatchUnlock.CreateTree",
                   "BatchUnlock.UnlockFiles"});
         outcome.files[kSweepLog].lockedBy.clear();

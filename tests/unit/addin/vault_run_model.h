@@ -87,7 +87,7 @@ class VaultRunModel
     bool PrepareVaultFile(const SweepOutput& output);
     void RegisterOutputs();
     void AddNewOutputs();
-    void TakeExisting(Record& record);
+    void TakeExisting();
     void WriteCards();
     void WriteReferences();
     void CheckIn();
