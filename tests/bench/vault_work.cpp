@@ -200,7 +200,7 @@ void Print()
     for (size_t i = 0; i < kStepCount; ++i) {
         const double growth = many[i].microseconds / few[i].microseconds;
         std::printf("%-26s %14.2f %14.2f %8.2f %16.1f%s\n", kSteps[i], few[i].microseconds, many[i].microseconds,
-                    growth, many[i].megabytes, growth > kMostGrowth ? "   more than linear" : "");
+                    growth, many[i].megabytes, growth > kMostGrowth ? "   over 1.3" : "");
     }
 }
 
