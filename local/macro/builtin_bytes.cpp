@@ -54,6 +54,19 @@ Value MidB(Runtime&, const Arguments& a)
     return Value::FromBytes(bytes.substr(std::min(start, bytes.size()), length));
 }
 
+/// The statement MidB: some bytes are overwritten, their number stays.
+Value AssignMidB(Runtime&, const Arguments& a)
+{
+    std::string bytes = BytesOf(a[0]);
+    size_t start = Count(a[1], 1);
+    std::string with = BytesOf(a[3]);
+    if (start > bytes.size()) {
+        Raise(kInvalidCall);
+    }
+    size_t length = std::min({a.Has(2) ? Count(a[2], 0) : with.size(), with.size(), bytes.size() - start + 1});
+    return Value::FromBytes(bytes.replace(start - 1, length, with.substr(0, length)));
+}
+
 Value InStrB(Runtime&, const Arguments& a)
 {
     bool hasStart = a.Count() > 2 && a.Has(2);
@@ -97,6 +110,7 @@ constexpr Builtin kFunctions[] = {
     {u"lenb", 1, 1, Type::Variant, LenB, u"Expression"},
     {u"midb", 2, 3, Type::Variant, MidB, u"String Start Length"},
     {u"rightb", 2, 2, Type::Variant, RightB, u"String Length"},
+    {u"#midb", 4, 4, Type::String, AssignMidB, {}},
 };
 
 } // namespace

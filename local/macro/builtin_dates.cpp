@@ -162,6 +162,9 @@ Value DateDiff(Runtime&, const Arguments& a)
     DateParts from = SplitDate(first);
     DateParts to = SplitDate(second);
     double days = std::trunc(second) - std::trunc(first);
+    // Weeks are told apart by their first day; the first week of a year is checked and changes nothing.
+    const int32_t firstDay = FirstDay(a, 3);
+    FirstWeek(a, 4);
     auto seconds = [](const DateParts& parts) {
         return static_cast<double>(parts.hour * 3600 + parts.minute * 60 + parts.second);
     };
@@ -181,7 +184,6 @@ Value DateDiff(Runtime&, const Arguments& a)
         return Value(static_cast<int32_t>(days / 7));
     }
     if (interval == u"ww") {
-        int32_t firstDay = FirstDay(a, 3);
         double start = std::trunc(first) - WeekdayFrom(from.weekday, firstDay);
         double end = std::trunc(second) - WeekdayFrom(to.weekday, firstDay);
         return Value(static_cast<int32_t>((end - start) / 7));

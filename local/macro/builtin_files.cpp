@@ -3,6 +3,7 @@
 #include "macro/builtins.h"
 #include "macro/convert.h"
 #include "macro/dates.h"
+#include "macro/file_names.h"
 #include "macro/runtime.h"
 #include "macro/text.h"
 
@@ -279,52 +280,6 @@ Value FreeFile(Runtime& runtime, const Arguments& a)
     return Value(static_cast<int16_t>(runtime.files.FreeNumber(a.Has(0) && a[0].ToLong() == 1)));
 }
 
-std::u16string FolderOf(const std::u16string& path)
-{
-    size_t end = path.find_last_of(u"\\/");
-    return end == std::u16string::npos ? std::u16string() : path.substr(0, end + 1);
-}
-
-std::u16string NameOf(const std::u16string& path)
-{
-    size_t end = path.find_last_of(u"\\/");
-    return end == std::u16string::npos ? path : path.substr(end + 1);
-}
-
-bool HasWildcards(std::u16string_view text)
-{
-    return text.find_first_of(u"*?") != std::u16string_view::npos;
-}
-
-/// Wildcards of file names: "*.*" is every name, and brackets mean themselves.
-bool FileNameMatches(std::u16string_view name, std::u16string_view pattern)
-{
-    if (pattern == u"*.*") {
-        return true;
-    }
-    std::u16string like;
-    for (char16_t unit : pattern) {
-        if (unit == u'[' || unit == u'#') {
-            like.append({u'[', unit, u']'});
-        } else {
-            like.push_back(unit);
-        }
-    }
-    return MatchesPattern(name, like, true);
-}
-
-std::vector<FileEntry> ListMatching(Runtime& runtime, const std::u16string& path)
-{
-    std::u16string folder = FolderOf(path);
-    std::vector<FileEntry> matching;
-    for (FileEntry& entry : runtime.host.Files().List(folder.empty() ? runtime.host.Files().CurrentFolder() : folder)) {
-        if (FileNameMatches(entry.name, NameOf(path))) {
-            matching.push_back(std::move(entry));
-        }
-    }
-    return matching;
-}
-
 Value Kill(Runtime& runtime, const Arguments& a)
 {
     std::u16string path = a[0].ToText();
@@ -341,7 +296,7 @@ Value Kill(Runtime& runtime, const Arguments& a)
         return Value();
     }
     bool found = false;
-    for (const FileEntry& entry : ListMatching(runtime, path)) {
+    for (const FileEntry& entry : ListMatching(runtime.host.Files(), path)) {
         if (!entry.isFolder) {
             found = true;
             files.Delete(FolderOf(path) + entry.name);
@@ -460,6 +415,17 @@ Value SetAttr(Runtime& runtime, const Arguments& a)
     return Value();
 }
 
+/// Whether what a path names lies in the root of a drive, which has no entries "." and "..".
+bool LiesInRoot(FileSystem& files, const std::u16string& path)
+{
+    std::u16string folder = FolderOf(path);
+    if (folder.empty()) {
+        folder = files.CurrentFolder();
+    }
+    size_t last = folder.find_last_not_of(u"\\/");
+    return last == std::u16string::npos || folder[last] == u':';
+}
+
 Value Dir(Runtime& runtime, const Arguments& a)
 {
     if (a.Has(0)) {
@@ -473,7 +439,13 @@ Value Dir(Runtime& runtime, const Arguments& a)
         runtime.listing.clear();
         runtime.listingAt = 0;
         try {
-            for (const FileEntry& entry : ListMatching(runtime, path)) {
+            std::vector<FileEntry> entries = ListMatching(runtime.host.Files(), path);
+            for (std::u16string_view dots : {u".", u".."}) {
+                if (wantsFolders && !LiesInRoot(runtime.host.Files(), path) && FileNameMatches(dots, NameOf(path))) {
+                    runtime.listing.emplace_back(dots);
+                }
+            }
+            for (const FileEntry& entry : entries) {
                 if ((!entry.isFolder || wantsFolders) && (!entry.isHidden || wantsHidden)) {
                     runtime.listing.push_back(entry.name);
                 }

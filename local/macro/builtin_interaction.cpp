@@ -63,9 +63,29 @@ Value Command(Runtime&, const Arguments&)
     return Value(u"");
 }
 
+/// By its name, or by its number together with the name.
 Value Environ(Runtime& runtime, const Arguments& a)
 {
-    return Value(runtime.host.Environment(a[0].ToText()));
+    const std::vector<std::u16string> entries = runtime.host.Environment();
+    if (!a[0].IsString()) {
+        int32_t number = a[0].ToLong();
+        if (number < 1) {
+            Raise(kInvalidCall);
+        }
+        size_t index = static_cast<size_t>(number) - 1;
+        return Value(index < entries.size() ? entries[index] : std::u16string());
+    }
+    const std::u16string name = a[0].ToText();
+    if (name.empty()) {
+        Raise(kInvalidCall);
+    }
+    for (const std::u16string& entry : entries) {
+        if (entry.size() > name.size() && entry[name.size()] == u'=' &&
+            EqualIgnoringCase(std::u16string_view(entry).substr(0, name.size()), name)) {
+            return Value(entry.substr(name.size() + 1));
+        }
+    }
+    return Value(u"");
 }
 
 Value IIf(Runtime&, const Arguments& a)

@@ -39,6 +39,8 @@ bool IsBuiltinEnumeration(std::u16string_view folded);
 
 /// Whether the language's library has a module of that name, such as Strings in `Strings.Left`.
 bool IsLibraryModule(std::u16string_view folded);
+/// Whether the module has a function of that name.
+bool IsInLibraryModule(std::u16string_view foldedModule, std::u16string_view folded);
 
 /// Whether New and As know the class, such as collection or scripting.dictionary.
 bool IsBuiltinClass(std::u16string_view folded);

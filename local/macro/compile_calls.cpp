@@ -400,11 +400,15 @@ bool Compiler::IsLanguageLibrary(const Expression& expression) const
 Type Compiler::EmitLibraryMember(const Expression& member, const std::vector<ArgumentSyntax>& arguments)
 {
     std::u16string folded = Lower(member.name);
+    RefuseLeftOut(folded, member.at);
+    const std::u16string qualifier = Lower(member.base->name);
+    if (IsLibraryModule(qualifier) && !IsInLibraryModule(qualifier, folded)) {
+        Fail(member.at, u"Method or data member not found: " + member.name);
+    }
     if (folded == u"err") {
         Emit(Op::PushErr);
         return Type::Object;
     }
-    RefuseLeftOut(folded, member.at);
     int32_t builtin = FindBuiltin(folded);
     if (builtin < 0) {
         Fail(member.at, u"Method or data member not found: " + member.name);

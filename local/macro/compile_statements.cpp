@@ -422,7 +422,7 @@ void Compiler::EmitBody(const MidStatement& statement)
         Emit(Op::PushMissing);
     }
     EmitValue(*statement.value);
-    EmitInternal(u"#mid", 4);
+    EmitInternal(statement.countsBytes ? u"#midb" : u"#mid", 4);
     EmitStoreTo(*statement.target);
 }
 

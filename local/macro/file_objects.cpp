@@ -2,6 +2,7 @@
 
 #include "macro/containers.h"
 #include "macro/convert.h"
+#include "macro/file_names.h"
 #include "macro/runtime.h"
 #include "macro/text.h"
 
@@ -336,21 +337,61 @@ class FileSystemObject final : public Object
         return Value(MakeRef<PathObject>(files, a[0].ToText(), true));
     }
 
+    /// The files or folders that a source means: itself, or what matches the wildcards of its last part.
+    std::vector<std::u16string> Sources(const std::u16string& from, bool folders)
+    {
+        if (HasWildcards(FolderOf(from))) {
+            Raise(kBadFileNumber);
+        }
+        std::vector<std::u16string> sources;
+        if (HasWildcards(from)) {
+            for (const FileEntry& entry : ListMatching(files, from)) {
+                if (entry.isFolder == folders) {
+                    sources.push_back(FolderOf(from) + entry.name);
+                }
+            }
+        } else if (Exists(from, folders)) {
+            sources.push_back(from);
+        }
+        if (sources.empty()) {
+            Raise(folders ? kPathNotFound : kFileNotFound);
+        }
+        return sources;
+    }
+
+    /// Calls `act(source, target)` for all that the first argument means. A target is a folder to put things into when
+    /// the source has wildcards or when it ends with a separator.
+    template <typename Action> Value ForEachSource(const Arguments& a, bool folders, Action act)
+    {
+        const std::u16string from = a[0].ToText();
+        const std::u16string to = a[1].ToText();
+        std::vector<std::u16string> sources = Sources(from, folders);
+        if (HasWildcards(to)) {
+            Raise(kBadFileNumber);
+        }
+        bool isInto = HasWildcards(from) || (!to.empty() && IsSeparator(to.back()));
+        if (HasWildcards(from) && !Exists(to, true)) {
+            Raise(kPathNotFound);
+        }
+        for (const std::u16string& source : sources) {
+            act(source, isInto ? Joined(to, FileNamePart(source)) : to);
+        }
+        return Value();
+    }
+
     Value DeleteFile(const Arguments& a)
     {
-        if (!Exists(a[0].ToText(), false)) {
-            Raise(kFileNotFound);
+        for (const std::u16string& file : Sources(a[0].ToText(), false)) {
+            files.Delete(file);
         }
-        files.Delete(a[0].ToText());
         return Value();
     }
 
     Value DeleteFolder(const Arguments& a)
     {
-        if (!Exists(a[0].ToText(), true)) {
-            Raise(kPathNotFound);
+        for (const std::u16string& folder : Sources(a[0].ToText(), true)) {
+            RemoveTree(folder);
         }
-        RemoveTree(a[0].ToText());
         return Value();
     }
 
@@ -363,39 +404,38 @@ class FileSystemObject final : public Object
         files.RemoveFolder(folder);
     }
 
-    std::u16string TargetOf(const std::u16string& from, std::u16string to)
+    void RefuseTaken(const std::u16string& to)
     {
-        return IsSeparator(to.empty() ? u' ' : to.back()) ? Joined(to, FileNamePart(from)) : to;
+        if (files.Find(to)) {
+            Raise(kFileExists);
+        }
     }
 
     Value CopyFile(const Arguments& a)
     {
-        std::u16string to = TargetOf(a[0].ToText(), a[1].ToText());
-        if (!Exists(a[0].ToText(), false)) {
-            Raise(kFileNotFound);
-        }
-        if (a.Has(2) && !a[2].ToBoolean() && files.Find(to)) {
-            Raise(kFileExists);
-        }
-        files.Copy(a[0].ToText(), to);
-        return Value();
+        bool overwrites = !a.Has(2) || a[2].ToBoolean();
+        return ForEachSource(a, false, [&](const std::u16string& from, const std::u16string& to) {
+            if (!overwrites) {
+                RefuseTaken(to);
+            }
+            files.Copy(from, to);
+        });
     }
 
     Value MoveFile(const Arguments& a)
     {
-        std::u16string to = TargetOf(a[0].ToText(), a[1].ToText());
-        if (!Exists(a[0].ToText(), false)) {
-            Raise(kFileNotFound);
-        }
-        if (files.Find(to)) {
-            Raise(kFileExists);
-        }
-        files.Rename(a[0].ToText(), to);
-        return Value();
+        return ForEachSource(a, false, [&](const std::u16string& from, const std::u16string& to) {
+            RefuseTaken(to);
+            files.Rename(from, to);
+        });
     }
 
     void CopyTree(const std::u16string& from, const std::u16string& to)
     {
+        // A folder within itself would be copied without end.
+        if (EqualIgnoringCase(from, to) || Lower(to).starts_with(Lower(Joined(from, u"")))) {
+            Raise(kPermissionDenied);
+        }
         if (!Exists(to, true)) {
             files.CreateFolder(to);
         }
@@ -408,36 +448,22 @@ class FileSystemObject final : public Object
 
     Value CopyFolder(const Arguments& a)
     {
-        const std::u16string from = a[0].ToText();
-        if (!Exists(from, true)) {
-            Raise(kPathNotFound);
-        }
-        std::u16string to = TargetOf(from, a[1].ToText());
         bool overwrites = !a.Has(2) || a[2].ToBoolean();
-        if (!overwrites && files.Find(to)) {
-            Raise(kFileExists);
-        }
-        // A folder within itself would be copied without end.
-        if (EqualIgnoringCase(from, to) || Lower(to).starts_with(Lower(Joined(from, u"")))) {
-            Raise(kPermissionDenied);
-        }
-        CopyTree(from, to);
-        return Value();
+        return ForEachSource(a, true, [&](const std::u16string& from, const std::u16string& to) {
+            if (!overwrites) {
+                RefuseTaken(to);
+            }
+            CopyTree(from, to);
+        });
     }
 
     Value MoveFolder(const Arguments& a)
     {
-        const std::u16string from = a[0].ToText();
-        if (!Exists(from, true)) {
-            Raise(kPathNotFound);
-        }
-        std::u16string to = TargetOf(from, a[1].ToText());
-        if (files.Find(to)) {
-            Raise(kFileExists);
-        }
-        CopyTree(from, to);
-        RemoveTree(from);
-        return Value();
+        return ForEachSource(a, true, [&](const std::u16string& from, const std::u16string& to) {
+            RefuseTaken(to);
+            CopyTree(from, to);
+            RemoveTree(from);
+        });
     }
 
     Value GetDriveName(const Arguments& a)

@@ -165,9 +165,48 @@ bool FileTable::AtEnd(OpenFile& file)
     return next < 0 || (next == kEndMark && file.mode == OpenMode::Input);
 }
 
-std::u16string FileTable::ReadLine(int32_t number)
+bool FileTable::OthersHoldLocks(int32_t number) const
+{
+    return std::any_of(open.begin(), open.end(),
+                       [&](const auto& entry) { return entry.first != number && !entry.second.locks.empty(); });
+}
+
+/// What a sequential statement takes is known behind it only; what it shouldn't have taken is given back.
+template <typename Read> auto FileTable::ReadUnlocked(int32_t number, Read read)
 {
     OpenFile& file = ForReading(number);
+    if (!OthersHoldLocks(number)) {
+        return read(file);
+    }
+    const uint64_t start = Position(file);
+    auto result = read(file);
+    const uint64_t end = Position(file);
+    try {
+        CheckLocks(number, file, start, end - start);
+    } catch (const MacroError&) {
+        Seek(file, start);
+        throw;
+    }
+    return result;
+}
+
+std::u16string FileTable::ReadLine(int32_t number)
+{
+    return ReadUnlocked(number, [this](OpenFile& file) { return TakeLine(file); });
+}
+
+std::u16string FileTable::ReadUnits(int32_t number, size_t count)
+{
+    return ReadUnlocked(number, [&](OpenFile& file) { return TakeUnits(file, count); });
+}
+
+Value FileTable::ReadField(int32_t number, Type stored)
+{
+    return ReadUnlocked(number, [&](OpenFile& file) { return TakeField(file, stored); });
+}
+
+std::u16string FileTable::TakeLine(OpenFile& file)
+{
     if (AtEnd(file)) {
         Raise(kInputPastEnd);
     }
@@ -188,9 +227,8 @@ std::u16string FileTable::ReadLine(int32_t number)
     return FromNarrow(line);
 }
 
-std::u16string FileTable::ReadUnits(int32_t number, size_t count)
+std::u16string FileTable::TakeUnits(OpenFile& file, size_t count)
 {
-    OpenFile& file = ForReading(number);
     std::string bytes;
     for (; count > 0; --count) {
         int byte = Take(file);
@@ -202,9 +240,8 @@ std::u16string FileTable::ReadUnits(int32_t number, size_t count)
     return FromNarrow(bytes);
 }
 
-Value FileTable::ReadField(int32_t number, Type stored)
+Value FileTable::TakeField(OpenFile& file, Type stored)
 {
-    OpenFile& file = ForReading(number);
     while (Peek(file) == ' ' || Peek(file) == '\t') {
         Take(file);
     }

@@ -52,7 +52,8 @@ public:
                                     const std::u16string& suggestion);
     virtual void DoEvents() {}
     virtual void DebugPrint(const std::u16string& line);
-    virtual std::u16string Environment(std::u16string_view name);
+    /// What the function Environ tells: "NAME=value", in the order of their numbers.
+    virtual std::vector<std::u16string> Environment();
 };
 
 } // namespace tv::macro

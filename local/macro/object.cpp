@@ -100,6 +100,6 @@ std::u16string Host::InputBox(const std::u16string&, const std::u16string&, cons
 
 void Host::DebugPrint(const std::u16string&) {}
 
-std::u16string Host::Environment(std::u16string_view) { return {}; }
+std::vector<std::u16string> Host::Environment() { return {}; }
 
 } // namespace tv::macro

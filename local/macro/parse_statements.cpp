@@ -173,7 +173,7 @@ std::optional<StatementBody> Parser::ParseContextualStatement()
     if (IsWord(u"line") && IsWord(next, u"input")) {
         return ParseLineInput();
     }
-    if (IsWord(u"mid") && IsSymbol(next, u"(")) {
+    if ((IsWord(u"mid") || IsWord(u"midb")) && IsSymbol(next, u"(")) {
         ++at;
         bool assigned = ParenthesisContinuesTarget();
         --at;
@@ -501,8 +501,9 @@ void Parser::ExpectEnd(std::u16string_view folded, std::u16string_view shown)
 
 StatementBody Parser::ParseMid()
 {
-    at += 2;
     MidStatement statement;
+    statement.countsBytes = IsWord(u"midb");
+    at += 2;
     statement.target = ParseTarget();
     ExpectSymbol(u",");
     statement.start = ParseExpression();

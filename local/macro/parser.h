@@ -39,6 +39,7 @@ private:
 
     // The module.
     void ParseModuleLine(ModuleSyntax& module);
+    bool AtProcedure() const;
     void ParseOption(ModuleSyntax& module);
     void ParseDeclare(ModuleSyntax& module);
     void ParseRecord(ModuleSyntax& module);
@@ -56,6 +57,8 @@ private:
     /// The type behind As; without As that of the name's suffix or first letter.
     TypeSyntax ParseAsClause(const Token& name);
     TypeSyntax ParseWrittenType();
+    /// Parameters and results have texts of any length.
+    static void RefuseLength(const TypeSyntax& type);
     TypeSyntax ParseTypeName();
 
     // Statements.

@@ -127,6 +127,12 @@ private:
     OpenFile& ForTransfer(int32_t number);
     void CheckSharing(const OpenFile& opening) const;
     void CheckLocks(int32_t number, const OpenFile& file, uint64_t first, uint64_t count) const;
+    bool OthersHoldLocks(int32_t number) const;
+    template <typename Read>
+    auto ReadUnlocked(int32_t number, Read read);
+    std::u16string TakeLine(OpenFile& file);
+    std::u16string TakeUnits(OpenFile& file, size_t count);
+    Value TakeField(OpenFile& file, Type stored);
     static OpenFile::Range RangeOf(const OpenFile& file, uint64_t first, uint64_t last);
     bool AtEnd(OpenFile& file);
     std::string ReadBytes(OpenFile& file, size_t count);

@@ -276,8 +276,10 @@ struct RaiseStatement
 {
     ExpressionPtr number;
 };
+/// Mid and MidB.
 struct MidStatement
 {
+    bool countsBytes = false;
     ExpressionPtr target;
     ExpressionPtr start;
     ExpressionPtr length;

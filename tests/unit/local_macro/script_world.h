@@ -22,6 +22,7 @@ class ScriptHost : public Host
     const ExternalFunction* FindFunction(std::u16string_view library, std::u16string_view entry) override;
     FileSystem& Files() override { return files; }
     double Now() override { return now; }
+    std::vector<std::u16string> Environment() override { return {u"COMPUTERNAME=WORKBENCH", u"TEMP=C:\\Temp"}; }
     int32_t MessageBox(const std::u16string& prompt, int32_t buttons, const std::u16string& title) override;
     void DebugPrint(const std::u16string& line) override { printed.push_back(Narrow(line)); }
 
