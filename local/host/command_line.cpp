@@ -1,10 +1,14 @@
 #include "host/command_line.h"
 
+#include "host/card_commands.h"
+#include "host/check_out_commands.h"
 #include "host/file_commands.h"
 #include "host/macro_commands.h"
 #include "host/macro_run.h"
+#include "host/reference_commands.h"
 #include "host/run_commands.h"
 #include "host/task_commands.h"
+#include "host/vault_commands.h"
 #include "vault/error_table.h"
 #include "vault/text.h"
 
@@ -33,6 +37,12 @@ class CommandLine
         app.allow_windows_style_options(false);
         app.set_help_all_flag("--help-all", "Show the help of every command");
         AddFileCommands();
+        AddCheckOutCommands();
+        AddCardCommands();
+        AddReferenceCommands();
+        AddDeletionCommands();
+        AddVaultCommands();
+        AddUserCommand();
         AddTaskCommands();
         AddRunCommands();
         AddMacroRunCommand();
@@ -48,7 +58,10 @@ class CommandLine
         CLI::App* command = parent.add_subcommand(word, what);
         command->add_option("--vault", context.vaultFolder, "Folder of the vault")->capture_default_str();
         command->add_flag("--json", context.json, "Print JSON");
-        command->callback([this, needsVault, run = std::move(body)] {
+        command->callback([this, command, needsVault, run = std::move(body)] {
+            if (!command->get_subcommands().empty()) {
+                return; // "card set": the inner command's own word counts
+            }
             action = [this, needsVault, run] {
                 if (needsVault == NeedsVault::Yes) {
                     context.OpenVault();
@@ -90,6 +103,140 @@ class CommandLine
         exportFile->add_option("HOSTPATH", target, "File or folder to write to")->required();
         exportFile->add_option("--version", version, "Number of the version; the latest unless given")
             ->check(CLI::PositiveNumber);
+    }
+
+    void AddCheckOutCommands()
+    {
+        auto* checkOut = Command("checkout", "Check files out, so that their local copies can be written",
+                                 [this] { return CheckOutCommand(context, paths); });
+        checkOut->add_option("FILE", paths, "Files of the vault")->required();
+        checkOut->footer("Example:\n  tvtask checkout \\Parts\\screw.step");
+
+        auto* undo = Command("undo", "Give check-outs back; what was written since is dropped",
+                             [this] { return UndoCommand(context, paths); });
+        undo->add_option("FILE", paths, "Files of the vault")->required();
+        undo->footer("Example:\n  tvtask undo \\Parts\\screw.step");
+
+        auto* checkIn = Command("checkin", "Check files in; one that was written becomes a new version",
+                                [this] { return CheckInCommand(context, paths, comment); });
+        checkIn->add_option("FILE", paths, "Files of the vault")->required();
+        checkIn->add_option("-m,--message", comment, "Comment of the new versions");
+        checkIn->footer("Example:\n  tvtask checkin \\Parts\\screw.step -m \"Longer thread\"");
+    }
+
+    void AddCardCommands()
+    {
+        auto* card = Command("card", "Show a file's card", [this] {
+            Require(path, "FILE");
+            return CardCommand(context, path, version, configuration);
+        });
+        card->require_subcommand(0, 1);
+        card->add_option("FILE", path, "File of the vault");
+        card->add_option("--version", version, "Number of the version; the latest unless given")
+            ->check(CLI::PositiveNumber);
+        card->add_option("--configuration", configuration, "Only what stands for that configuration");
+        card->footer("Examples:\n  tvtask card \\Parts\\screw.step\n"
+                     "  tvtask card set \\Parts\\screw.step Number=A-100 Mass:float=12.5 Approved:date=2026-11-21");
+
+        auto* set = Command(*card, "set", "Write values into a file's card", NeedsVault::Yes,
+                            [this] { return SetCardCommand(context, path, assignments, configuration.value_or("")); });
+        set->add_option("FILE", path, "File of the vault")->required();
+        set->add_option("ASSIGNMENT", assignments,
+                        "VARIABLE=VALUE, or VARIABLE:KIND=VALUE; kinds are text, int, float, bool and date")
+            ->required();
+        set->add_option("--configuration", configuration, "Configuration; the file itself unless given");
+        set->footer("Examples:\n  tvtask card set \\Parts\\screw.step Number=A-100 Mass:float=12.5\n"
+                    "  tvtask card set \\Parts\\screw.step Approved:date=2026-11-21 --configuration Long");
+    }
+
+    void AddReferenceCommands()
+    {
+        auto* refs = Command("refs", "List what a file refers to, with the versions as built and the latest", [this] {
+            Require(path, "FILE");
+            return ReferencesCommand(context, path, parents ? ReferenceEnd::Parents : ReferenceEnd::Children, version);
+        });
+        refs->require_subcommand(0, 1);
+        refs->add_option("FILE", path, "File of the vault");
+        auto* up = refs->add_flag("--parents", parents, "List the files that refer to it instead");
+        refs->add_option("--version", version, "Number of the version; the latest unless given")
+            ->check(CLI::PositiveNumber)
+            ->excludes(up);
+        refs->footer("Examples:\n  tvtask refs \\Parts\\bracket.tvndrw\n"
+                     "  tvtask refs \\Parts\\bracket.tvnprt --parents\n"
+                     "  tvtask refs add \\Parts\\bracket.tvndrw \\Parts\\bracket.tvnprt");
+
+        auto* add = Command(*refs, "add", "Let a file refer to others, in the versions that they have now",
+                            NeedsVault::Yes, [this] { return AddReferencesCommand(context, path, paths); });
+        add->add_option("PARENT", path, "File of the vault")->required();
+        add->add_option("CHILD", paths, "Files that it refers to")->required();
+        add->footer("Example:\n  tvtask refs add \\Parts\\bracket.tvndrw \\Parts\\bracket.tvnprt");
+    }
+
+    void AddDeletionCommands()
+    {
+        auto* remove = Command("rm", "Delete files; they are kept and can be restored",
+                               [this] { return RemoveCommand(context, paths); });
+        remove->add_option("FILE", paths, "Files of the vault")->required();
+        remove->footer("Example:\n  tvtask rm \\Parts\\screw.step");
+
+        auto* deleted = Command("deleted", "List the deleted files of a folder and of all below it",
+                                [this] { return DeletedCommand(context, folder); });
+        deleted->add_option("FOLDER", folder, "Folder of the vault");
+        deleted->footer("Example:\n  tvtask deleted \\Parts");
+
+        auto* restore = Command("restore", "Bring a deleted file back, with its versions",
+                                [this] { return RestoreCommand(context, path, id); });
+        restore->add_option("FILE", path, "Place of the file; the one that was last deleted there comes back");
+        restore->add_option("--id", id, "Id of the file, as tvtask deleted prints it");
+        restore->footer("Examples:\n  tvtask restore \\Parts\\screw.step\n  tvtask restore --id 12");
+    }
+
+    void AddVaultCommands()
+    {
+        auto* makeFolder =
+            Command("mkdir", "Make folders of the vault", [this] { return MakeFolderCommand(context, paths); });
+        makeFolder->add_option("FOLDER", paths, "Folders; those above them are made too")->required();
+        makeFolder->footer("Example:\n  tvtask mkdir \\Parts\\Standard");
+
+        auto* state = Command("state", "Put the latest version of a file into a workflow state",
+                              [this] { return SetStateCommand(context, path, text); });
+        state->add_option("FILE", path, "File of the vault")->required();
+        state->add_option("STATE", text, "Name of the state")->required();
+        state->footer("Example:\n  tvtask state \\Parts\\screw.step Released");
+
+        auto* revise = Command("revise", "Give the latest version of a file a revision",
+                               [this] { return ReviseCommand(context, path, text); });
+        revise->add_option("FILE", path, "File of the vault")->required();
+        revise->add_option("REVISION", text, "The revision; the one that follows unless given");
+        revise->footer("Examples:\n  tvtask revise \\Parts\\screw.step\n  tvtask revise \\Parts\\screw.step C");
+
+        auto* permit = Command("permit", "List or set what users may do in a folder and all below it",
+                               [this] { return PermitCommand(context, permission); });
+        permit->add_option("FOLDER", permission.folder, "Folder of the vault; all of them are listed unless given");
+        permit->add_option("USER", permission.user, "User, or \"*\" for everybody who has no rights of his own");
+        permit->add_option("RIGHTS", permission.rights, "read, add, checkout, delete, permit, or all, or none");
+        permit->add_flag("--clear", permission.clear, "Take the user's row away, so that the folders above count");
+        permit->footer("Examples:\n  tvtask permit \\Released\n  tvtask permit \\Released \"*\" read\n"
+                       "  tvtask permit \\Released anna read,add,checkout\n  tvtask permit \\Released anna --clear");
+    }
+
+    /// What is run as somebody else is split off before this command line is read; here it has its help.
+    void AddUserCommand()
+    {
+        auto* user = app.add_subcommand("user", "Run another command as another user, or from another machine");
+        user->add_option("NAME", name, "NAME, NAME@MACHINE or @MACHINE")->required();
+        user->add_option("COMMAND", paths, "The command with all that belongs to it")->required();
+        user->footer("Examples:\n  tvtask user anna checkout \\Parts\\screw.step\n"
+                     "  tvtask user anna@PC7 ls \\Parts --json");
+        user->callback([] { throw UsageError("Name the user first, then the command: tvtask user NAME COMMAND"); });
+    }
+
+    /// Commands with further ones below them have arguments that only they themselves need.
+    static void Require(const std::string& value, const std::string& argument)
+    {
+        if (value.empty()) {
+            throw UsageError(argument + " is required. To see what would be right: tvtask --help");
+        }
     }
 
     void AddTaskCommands()
@@ -175,11 +322,17 @@ class CommandLine
     std::string path;
     std::string target;
     std::string folder = "\\";
+    std::string comment;
+    std::string text;
+    std::optional<std::string> configuration;
+    std::optional<int32_t> id;
+    PermitOptions permission;
     std::vector<std::string> paths;
     std::vector<std::string> assignments;
     std::vector<int32_t> ids;
     int32_t version = 0;
     bool recursive = false;
+    bool parents = false;
     bool all = false;
     bool useTemplate = false;
     MacroChecks checks;
@@ -192,6 +345,38 @@ int Complain(HostEnvironment& environment, std::string_view words, int exitCode)
     return exitCode;
 }
 
+/// Reads NAME, NAME@MACHINE or @MACHINE; what isn't named is that of this process.
+Session ReadSession(std::string_view text, Session session)
+{
+    const size_t at = text.rfind('@');
+    const std::string_view user = text.substr(0, at);
+    const std::string_view machine = at == std::string_view::npos ? std::string_view() : text.substr(at + 1);
+    if ((user.empty() && machine.empty()) || (at != std::string_view::npos && machine.empty())) {
+        throw UsageError("'" + std::string(text) + "' is no user; write NAME, NAME@MACHINE or @MACHINE.");
+    }
+    if (!user.empty()) {
+        session.user = user;
+    }
+    if (!machine.empty()) {
+        session.machine = machine;
+    }
+    return session;
+}
+
+/// "user NAME COMMAND…" has a whole command line in it.
+bool IsForAnotherUser(const std::vector<std::string>& arguments)
+{
+    return arguments.size() > 2 && arguments[0] == "user" && !arguments[1].starts_with('-') &&
+           !arguments[2].starts_with('-');
+}
+
+int RunAs(const std::vector<std::string>& arguments, const HostEnvironment& environment)
+{
+    HostEnvironment other = environment;
+    other.storeOptions.session = ReadSession(arguments[1], environment.storeOptions.session);
+    return RunCommandLine({arguments.begin() + 2, arguments.end()}, other);
+}
+
 } // namespace
 
 int RunCommandLine(const std::vector<std::string>& arguments, HostEnvironment& environment)
@@ -199,6 +384,9 @@ int RunCommandLine(const std::vector<std::string>& arguments, HostEnvironment& e
     HostContext context{environment, environment.defaultVault, false, nullptr};
     CommandLine line(context);
     try {
+        if (IsForAnotherUser(arguments)) {
+            return RunAs(arguments, environment);
+        }
         std::vector<std::string> reversed(arguments.rbegin(), arguments.rend());
         line.App().parse(reversed);
         return line.Run();

@@ -1,6 +1,7 @@
 #include "host/file_commands.h"
 
 #include "host/document_references.h"
+#include "host/refusals.h"
 #include "host/table.h"
 #include "vault/text.h"
 
@@ -41,11 +42,6 @@ void CollectImports(const fs::path& path, const VaultPath& folder, std::vector<I
     for (const fs::path& entry : entries) {
         CollectImports(entry, below, items);
     }
-}
-
-std::string HolderText(const std::optional<CheckOutRecord>& checkOut)
-{
-    return checkOut ? checkOut->holder.user + " on " + checkOut->holder.machine : std::string();
 }
 
 Json ToJson(HostContext& context, const FileRecord& file)
@@ -179,16 +175,24 @@ int ListCommand(HostContext& context, const std::string& folder, bool recursive)
 int HistoryCommand(HostContext& context, const std::string& path)
 {
     const FileRecord file = context.RequireFile(path);
-    Table table({{"Version", Align::Right}, {"Size", Align::Right}, {"Time (UTC)"}, {"User"}, {"Comment"}});
+    Table table({{"Version", Align::Right},
+                 {"Size", Align::Right},
+                 {"Time (UTC)"},
+                 {"User"},
+                 {"Revision"},
+                 {"State"},
+                 {"Comment"}});
     Json json = ToJson(context, file);
     json["versions"] = Json::array();
     for (const VersionRecord& version : context.store->Versions(file.id)) {
         table.Add({std::to_string(version.number), SizeText(version.size), TimeText(version.time), version.user,
-                   version.comment});
+                   version.revision.value_or(""), version.state.value_or(""), version.comment});
         json["versions"].push_back({{"version", version.number},
                                     {"size", version.size},
                                     {"time", version.time},
                                     {"user", version.user},
+                                    {"revision", version.revision ? Json(*version.revision) : Json(nullptr)},
+                                    {"state", version.state ? Json(*version.state) : Json(nullptr)},
                                     {"comment", version.comment},
                                     {"sha256", version.content}});
     }
