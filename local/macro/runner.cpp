@@ -111,17 +111,6 @@ RunResult Runner::Run(int32_t procedure, std::vector<Value> arguments)
     }
 }
 
-RunResult Runner::Failure(const MacroError& error) const
-{
-    RunResult result;
-    result.outcome = Outcome::RuntimeError;
-    result.number = error.number;
-    result.description = error.description;
-    result.source = error.source.empty() ? u"TVMacro1" : error.source;
-    result.line = errorLine;
-    return result;
-}
-
 void Runner::CheckTime()
 {
     if (stop.load(std::memory_order_relaxed)) {
@@ -175,124 +164,12 @@ inline void Runner::Leave()
     }
 }
 
-void Runner::CallExternal(const Instruction& instruction)
-{
-    const External& external = module.externals[static_cast<size_t>(instruction.target)];
-    const ExternalFunction* function = runtime.host.FindFunction(external.library, external.entry);
-    if (function == nullptr) {
-        throw MacroError(kEntryNotFound,
-                         u"Can't find DLL entry point " + external.shownEntry + u" in " + external.shownLibrary);
-    }
-    std::span<Value> values(top - instruction.count, instruction.count);
-    Arguments arguments(values);
-    Value result = (*function)(arguments);
-    if (external.result != Type::Variant && external.result != Type::Empty) {
-        result = CoerceTo(external.result, result);
-    }
-    Drop(instruction.count);
-    Push(std::move(result));
-}
-
 void Runner::CallBuiltin(const Instruction& instruction)
 {
     std::span<Value> values(top - instruction.count, instruction.count);
     Value result = GetBuiltin(instruction.target).call(runtime, Arguments(values));
     Drop(instruction.count);
     Push(std::move(result));
-}
-
-Value Runner::InvokeObject(const Value& target, const MemberName& name, InvokeKind kind, std::span<Value> values,
-                           std::span<const MemberName> names)
-{
-    const Value& object = target.Resolved();
-    if (!object.IsObject()) {
-        // A With block that was jumped into has no object.
-        Raise(object.Kind() == Type::Internal ? kObjectNotSet : kObjectRequired);
-    }
-    if (object.IsNothing()) {
-        Raise(kObjectNotSet);
-    }
-    Ref<Object> held(object.ObjectPointer());
-    Arguments arguments(values, names);
-    return held->Invoke(name, kind, arguments);
-}
-
-void Runner::CallMember(const Instruction& instruction, InvokeKind kind)
-{
-    size_t count = size_t{instruction.count} + (kind == InvokeKind::Get ? 0 : 1);
-    std::span<Value> values(top - count, count);
-    std::span<const MemberName> names;
-    if (instruction.extra >= 0) {
-        names = module.argumentNames[static_cast<size_t>(instruction.extra)];
-    }
-    const MemberName& name = module.names[static_cast<size_t>(instruction.target)];
-    Value target = (top - count - 1)->Resolved();
-    // The default member of an array with indices is the element.
-    if (target.IsArray() && name.IsDefault() && kind == InvokeKind::Get) {
-        Value element = ReadElement(target, values);
-        Drop(count + 1);
-        Push(std::move(element));
-        return;
-    }
-    Value result = InvokeObject(target, name, kind, values, names);
-    Drop(count + 1);
-    if (kind == InvokeKind::Get) {
-        Push(std::move(result));
-    }
-}
-
-// Errors.
-
-bool Runner::Handle(const MacroError& error)
-{
-    const Procedure* failed = frame == nullptr ? nullptr : frame->procedure;
-    if (failed != nullptr && at > 0) {
-        const StatementInfo& statement = failed->statements[failed->statementOf[at - 1]];
-        errorLine = statement.line;
-        runtime.err->line = statement.lineNumber;
-    }
-    while (frame != nullptr) {
-        const Procedure& procedure = *frame->procedure;
-        uint32_t statement = procedure.statementOf[at - 1];
-        Value* evaluation = frame->base + procedure.parameters.size() + procedure.locals.size();
-        bool guards = frame->handler != kNoHandler && frame->failedStatement < 0;
-        if (guards && top >= evaluation) {
-            Drop(static_cast<size_t>(top - evaluation));
-            int erl = runtime.err->line;
-            runtime.err->Take(error);
-            runtime.err->line = erl;
-            const StatementInfo& failedHere = procedure.statements[statement];
-            for (int32_t slot = failedHere.heldFirst; slot < failedHere.heldEnd; ++slot) {
-                frame->base[slot] = Value();
-            }
-            if (frame->handler == kResumeNext) {
-                at = procedure.statements[statement].next;
-            } else {
-                frame->failedStatement = statement;
-                at = static_cast<uint32_t>(frame->handler);
-            }
-            return true;
-        }
-        // Nobody here takes it: the caller's statement has failed.
-        Drop(static_cast<size_t>(top - frame->base));
-        goSubs.resize(frame->goSubs);
-        at = frame->returnTo;
-        frames.pop_back();
-        frame = frames.empty() ? nullptr : &frames.back();
-    }
-    return false;
-}
-
-void Runner::ResumeAt(int64_t address, bool next)
-{
-    if (frame->failedStatement < 0) {
-        Raise(kResumeWithoutError);
-    }
-    const StatementInfo& failed = frame->procedure->statements[static_cast<size_t>(frame->failedStatement)];
-    frame->failedStatement = -1;
-    runtime.err->Clear();
-    at = address >= 0 ? static_cast<uint32_t>(address) : (next ? failed.next : failed.start);
-    Checkpoint();
 }
 
 // Loop.

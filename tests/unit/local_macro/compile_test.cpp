@@ -118,4 +118,46 @@ TEST(Compiling, AnEmptyTextHasNoProcedure)
     EXPECT_EQ(result.run.outcome, Outcome::NoSuchProcedure);
 }
 
+TEST(Compiling, OutsideOfProceduresAnUndeclaredNameIsNoVariable)
+{
+    struct Row
+    {
+        std::string_view declaration;
+        std::string_view problem;
+    };
+    constexpr Row kRows[] = {
+        {"Const a = b", "1:11 Constant expression required"},
+        {"Const a = 1 + b", "1:15 Constant expression required"},
+        {"Const a = -b", "1:12 Constant expression required"},
+        {"Const a = (b)", "1:12 Constant expression required"},
+        {"Const a = b(1)", "1:11 Constant expression required"},
+        {"Dim a(b)", "1:7 Constant expression required"},
+        {"Dim a(1 To b)", "1:12 Constant expression required"},
+        {"Dim a As String * b", "1:19 Constant expression required"},
+        {"Enum E\na = b\nEnd Enum", "2:5 Constant expression required"},
+        {"Type T\na(b) As Long\nEnd Type", "2:3 Constant expression required"},
+        {"Type T\na As String * b\nEnd Type", "2:15 Constant expression required"},
+        {"Sub f(Optional a = b)\nEnd Sub", "1:20 Constant expression required"},
+        {"Declare PtrSafe Sub f Lib \"l\" (Optional a = b)", "1:45 Constant expression required"},
+    };
+    for (const Row& row : kRows) {
+        EXPECT_EQ(Problem1(std::string(row.declaration) + "\nSub main()\nEnd Sub"), row.problem) << row.declaration;
+    }
+}
+
+TEST(Compiling, AProcedureWithAProblemInItsFirstLineIsCompiledOn)
+{
+    ScriptResult result = RunModule("Function f(a As Nowhere)\nx = a\nf = x\nGoTo there\nEnd Function\n"
+                                    "Property Get p()\ny = 1\nEnd Property\n"
+                                    "Property Get p()\ny = 2\nGoTo there\nEnd Property\n"
+                                    "Sub main()\nEnd Sub");
+    std::vector<std::string> told;
+    for (const Problem& problem : result.problems) {
+        told.push_back(std::to_string(problem.line) + " " + Narrow(problem.message));
+    }
+    EXPECT_EQ(told,
+              (std::vector<std::string>{"1 User-defined type not defined: Nowhere", "9 Ambiguous name detected: p",
+                                        "4 Label not defined: there", "11 Label not defined: there"}));
+}
+
 } // namespace tv::macro
