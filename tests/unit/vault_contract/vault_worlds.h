@@ -1,9 +1,9 @@
 // The two vaults that one contract suite runs on: the simulator, and the local edition's on the real disk.
 #pragma once
 
-#include "../local_vault/disk_world.h"
 #include "fakes/platform/fake_platform.h"
 #include "fakes/vault/fake_vault.h"
+#include "local_vault/disk_world.h"
 
 #include "vault/vault_objects.h"
 
