@@ -43,8 +43,10 @@ int32_t CreateDirectories(macro::FileSystem& files, std::u16string path)
 } // namespace
 
 MacroHost::MacroHost(ObjectContext& objects, macro::FileSystem& fileSystem, std::function<double()> localTime,
-                     std::function<int32_t(const std::u16string&, int32_t, const std::u16string&)> showMessage)
-    : context(objects), files(fileSystem), now(std::move(localTime)), messageBox(std::move(showMessage))
+                     std::function<int32_t(const std::u16string&, int32_t, const std::u16string&)> showMessage,
+                     std::function<std::vector<std::u16string>()> environment)
+    : context(objects), files(fileSystem), now(std::move(localTime)), messageBox(std::move(showMessage)),
+      entries(std::move(environment))
 {
     functions[u"shell32|shcreatedirectoryexa"] = [this](Arguments& arguments) {
         arguments.Expect(3, 3);
@@ -80,6 +82,11 @@ int32_t MacroHost::MessageBox(const std::u16string& prompt, int32_t buttons, con
 {
     context.application.onMacroEvent({MacroEventKind::Asked, ToUtf8(prompt)});
     return messageBox(prompt, buttons, title);
+}
+
+std::vector<std::u16string> MacroHost::Environment()
+{
+    return entries ? entries() : std::vector<std::u16string>();
 }
 
 void MacroHost::DebugPrint(const std::u16string& line)

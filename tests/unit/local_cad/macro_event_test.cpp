@@ -54,6 +54,12 @@ TEST(MacroEvents, WhatAMacroPrintsIsTold)
               (std::vector<MacroEvent>{{MacroEventKind::Printed, "a 1 "}, {MacroEventKind::Printed, ""}}));
 }
 
+TEST(MacroEvents, AMacroReadsTheEnvironmentOfTheApplication)
+{
+    EXPECT_EQ(EventsOf("Sub main()\r\nDebug.Print Environ(\"UserName\"); Environ(1)\r\nEnd Sub"),
+              (std::vector<MacroEvent>{{MacroEventKind::Printed, "adminUSERNAME=admin"}}));
+}
+
 TEST(MacroEvents, AMessageBoxIsTold)
 {
     EXPECT_EQ(EventsOf("Sub main()\r\nMsgBox \"Go on?\"\r\nEnd Sub"),

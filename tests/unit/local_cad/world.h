@@ -80,7 +80,8 @@ struct World
     ObjectContext context{application, {}};
     MacroLibrary library;
     MacroHost host{context, files, [] { return 45000.5; },
-                   [](const std::u16string&, int32_t, const std::u16string&) { return 1; }};
+                   [](const std::u16string&, int32_t, const std::u16string&) { return 1; },
+                   [] { return std::vector<std::u16string>{u"USERNAME=admin"}; }};
     MacroRunner runner{host, library, macro::Limits{}};
 
     World();
