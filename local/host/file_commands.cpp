@@ -175,18 +175,25 @@ int ListCommand(HostContext& context, const std::string& folder, bool recursive)
 int HistoryCommand(HostContext& context, const std::string& path)
 {
     const FileRecord file = context.RequireFile(path);
-    Table table({{"Version", Align::Right},
-                 {"Size", Align::Right},
-                 {"Time (UTC)"},
-                 {"User"},
-                 {"Revision"},
-                 {"State"},
-                 {"Comment"}});
+    const std::vector<VersionRecord> versions = context.store->Versions(file.id);
+    const bool revised = std::any_of(versions.begin(), versions.end(),
+                                     [](const VersionRecord& version) { return version.revision || version.state; });
+    std::vector<Table::Column> columns{{"Version", Align::Right}, {"Size", Align::Right}, {"Time (UTC)"}, {"User"}};
+    if (revised) {
+        columns.insert(columns.end(), {{"Revision"}, {"State"}});
+    }
+    columns.push_back({"Comment"});
+    Table table(columns);
     Json json = ToJson(context, file);
     json["versions"] = Json::array();
-    for (const VersionRecord& version : context.store->Versions(file.id)) {
-        table.Add({std::to_string(version.number), SizeText(version.size), TimeText(version.time), version.user,
-                   version.revision.value_or(""), version.state.value_or(""), version.comment});
+    for (const VersionRecord& version : versions) {
+        std::vector<std::string> cells{std::to_string(version.number), SizeText(version.size), TimeText(version.time),
+                                       version.user};
+        if (revised) {
+            cells.insert(cells.end(), {version.revision.value_or(""), version.state.value_or("")});
+        }
+        cells.push_back(version.comment);
+        table.Add(std::move(cells));
         json["versions"].push_back({{"version", version.number},
                                     {"size", version.size},
                                     {"time", version.time},

@@ -102,6 +102,15 @@ TEST_F(FileCommands, HistoryListsEveryVersion)
     EXPECT_NE(Done({"history", "\\Parts\\screw.step"}).find("Imported"), std::string::npos);
 }
 
+TEST_F(FileCommands, HistoryHasColumnsForRevisionAndStateOnceAVersionHasOne)
+{
+    ImportScrew();
+    EXPECT_EQ(Done({"history", "\\Parts\\screw.step"}).find("Revision"), std::string::npos);
+    Done({"revise", "\\Parts\\screw.step"});
+    EXPECT_NE(Done({"history", "\\Parts\\screw.step"}).find("User"), std::string::npos);
+    EXPECT_NE(Done({"history", "\\Parts\\screw.step"}).find("Revision  State  Comment"), std::string::npos);
+}
+
 TEST_F(FileCommands, AFullPathBelowTheRootIsAPathOfTheVault)
 {
     ImportScrew();
