@@ -63,16 +63,18 @@ std::string DateText(double days)
     return text;
 }
 
-/// Takes a number of exactly so many digits, and the character behind it if there is one to be.
-std::optional<int> TakeDigits(std::string_view& text, size_t count)
+constexpr int kNoNumber = -1;
+
+/// Takes a number of exactly so many digits.
+int TakeDigits(std::string_view& text, size_t count)
 {
     int number = 0;
     if (text.size() < count) {
-        return std::nullopt;
+        return kNoNumber;
     }
     const auto [rest, error] = std::from_chars(text.data(), text.data() + count, number);
     if (error != std::errc{} || rest != text.data() + count || text.front() == '-') {
-        return std::nullopt;
+        return kNoNumber;
     }
     text.remove_prefix(count);
     return number;
@@ -90,24 +92,24 @@ bool Take(std::string_view& text, char character)
 /// "09:30" or "09:30:15", as a part of a day.
 std::optional<double> ParseTime(std::string_view text)
 {
-    const auto hour = TakeDigits(text, 2);
-    const auto minute = Take(text, ':') ? TakeDigits(text, 2) : std::nullopt;
-    const auto second = Take(text, ':') ? TakeDigits(text, 2) : std::optional(0);
-    if (!hour || !minute || !second || !text.empty() || *hour > 23 || *minute > 59 || *second > 59) {
+    const int hour = TakeDigits(text, 2);
+    const int minute = Take(text, ':') ? TakeDigits(text, 2) : kNoNumber;
+    const int second = Take(text, ':') ? TakeDigits(text, 2) : 0;
+    const bool isTime = hour >= 0 && hour <= 23 && minute >= 0 && minute <= 59 && second >= 0 && second <= 59;
+    if (!isTime || !text.empty()) {
         return std::nullopt;
     }
-    return macro::JoinTime(*hour, *minute, *second);
+    return macro::JoinTime(hour, minute, second);
 }
 
 /// "2026-11-21", with a time behind a blank or a "T" if there is one.
 std::optional<double> ParseDay(std::string_view text)
 {
     constexpr int kFirstYear = 100;
-    const auto year = TakeDigits(text, 4);
-    const auto month = Take(text, '-') ? TakeDigits(text, 2) : std::nullopt;
-    const auto day = Take(text, '-') ? TakeDigits(text, 2) : std::nullopt;
-    if (!year || !month || !day || *year < kFirstYear || *month < 1 || *month > 12 || *day < 1 ||
-        *day > macro::DaysInMonth(*year, *month)) {
+    const int year = TakeDigits(text, 4);
+    const int month = Take(text, '-') ? TakeDigits(text, 2) : kNoNumber;
+    const int day = Take(text, '-') ? TakeDigits(text, 2) : kNoNumber;
+    if (year < kFirstYear || month < 1 || month > 12 || day < 1 || day > macro::DaysInMonth(year, month)) {
         return std::nullopt;
     }
     const bool hasTime = Take(text, ' ') || Take(text, 'T');
@@ -115,7 +117,7 @@ std::optional<double> ParseDay(std::string_view text)
     if (!time || (!hasTime && !text.empty())) {
         return std::nullopt;
     }
-    return macro::CombineDate(macro::JoinDate(*year, *month, *day), *time);
+    return macro::CombineDate(macro::JoinDate(year, month, day), *time);
 }
 
 std::optional<StoredValue> ParseCardValue(VARTYPE type, std::string_view text)
