@@ -8,43 +8,55 @@
 
 namespace tv {
 
+namespace {
+
+/// The text of a key in the user's language. An unknown key doesn't compile.
+template <uint32_t key> const char16_t* TextOf()
+{
+    constexpr const ManagerText* row = std::ranges::find(kManagerTexts, key, &ManagerText::key);
+    static_assert(row != std::end(kManagerTexts));
+    return AddInText(row->key, row->text);
+}
+
+} // namespace
+
 std::u16string NotInstalledText(int32_t version)
 {
-    return FormatText(AddInText(8, u"Torvane %d is not installed."), version);
+    return FormatText(TextOf<8>(), version);
 }
 
 std::u16string AttachFailedText()
 {
-    return AddInText(9, u"Failed to attach event handlers to Torvane.");
+    return TextOf<9>();
 }
 
 std::u16string StartFailedText(int32_t version)
 {
-    return FormatText(AddInText(10, u"Failed to start Torvane %d."), version);
+    return FormatText(TextOf<10>(), version);
 }
 
 std::u16string CloseFailedText()
 {
-    return AddInText(11, u"Failed to close Torvane application.");
+    return TextOf<11>();
 }
 
 std::u16string HideFailedText()
 {
-    return AddInText(93, u"Failed to set Torvane main window as invisible.");
+    return TextOf<93>();
 }
 
 std::u16string RevisionFailedText()
 {
-    return AddInText(94, u"Failed to get Torvane revision number.");
+    return TextOf<94>();
 }
 
 std::u16string MacroFailedText(int32_t macroError)
 {
-    std::u16string text = AddInText(12, u"Failed to run Torvane macro.");
+    std::u16string text = TextOf<12>();
     const auto reason = std::ranges::find(kMacroErrorReasons, macroError, &MacroErrorReason::code);
     if (reason != std::end(kMacroErrorReasons)) {
         text += u" ";
-        text += AddInText(95, u"Reason:");
+        text += TextOf<95>();
         text += u" ";
         text += AddInText(reason->key, reason->text);
     }

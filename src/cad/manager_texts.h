@@ -6,6 +6,24 @@
 
 namespace tv {
 
+/// A text by the number under which it is translated.
+struct ManagerText
+{
+    uint32_t key;
+    const char16_t* text;
+};
+
+inline constexpr ManagerText kManagerTexts[] = {
+    {8, u"Torvane %d is not installed."},
+    {9, u"Failed to attach event handlers to Torvane."},
+    {10, u"Failed to start Torvane %d."},
+    {11, u"Failed to close Torvane application."},
+    {12, u"Failed to run Torvane macro."},
+    {93, u"Failed to set Torvane main window as invisible."},
+    {94, u"Failed to get Torvane revision number."},
+    {95, u"Reason:"},
+};
+
 /// "Torvane %d is not installed."
 std::u16string NotInstalledText(int32_t version);
 /// "Failed to attach event handlers to Torvane."

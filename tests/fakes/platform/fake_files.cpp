@@ -280,7 +280,7 @@ std::unique_ptr<OutputFile> FakeFiles::OpenAlone(Entry& entry)
 
 std::string FakeFiles::NarrowText(std::u16string_view text)
 {
-    return NarrowWesternText(text);
+    return narrowing ? narrowing(text) : NarrowWesternText(text);
 }
 
 void FakeFiles::AddFile(std::u16string_view path, std::string bytes)

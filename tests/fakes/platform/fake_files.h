@@ -5,6 +5,7 @@
 #include "platform/file_service.h"
 #include "support/text_compare.h"
 
+#include <functional>
 #include <map>
 #include <optional>
 
@@ -28,6 +29,8 @@ class FakeFiles final : public FileService
     uint32_t CreateTemporaryFile(std::u16string_view prefix, std::unique_ptr<OutputFile>& file) override;
     std::string NarrowText(std::u16string_view text) override;
 
+    /// Narrows texts as another code page would; at first it is the Western one.
+    void SetNarrowing(std::function<std::string(std::u16string_view)> codePage) { narrowing = std::move(codePage); }
     /// Puts a file on the disk, with the folders above it.
     void AddFile(std::u16string_view path, std::string bytes = {});
     void AddFolder(std::u16string_view path);
@@ -66,6 +69,7 @@ class FakeFiles final : public FileService
 
     CallLog& log;
     std::map<std::u16string, Entry, LessIgnoringCase> entries;
+    std::function<std::string(std::u16string_view)> narrowing;
     uint32_t lastTemporary = 0;
     size_t openCount = 0;
 };

@@ -1,5 +1,7 @@
 #include "fakes/platform/fake_registry.h"
 
+#include "support/format.h"
+
 #include <algorithm>
 #include <cstring>
 
@@ -233,6 +235,30 @@ bool FakeRegistry::ExpandEnvironment(std::u16string_view text, std::u16string& e
     }
     expanded = std::move(result);
     return true;
+}
+
+std::vector<std::u16string> FakeRegistry::Export() const
+{
+    std::vector<std::u16string> lines;
+    ExportKey(*user, u"user", lines);
+    ExportKey(*machine64, u"machine64", lines);
+    ExportKey(*machine32, u"machine32", lines);
+    return lines;
+}
+
+void FakeRegistry::ExportKey(const Key& key, const std::u16string& path, std::vector<std::u16string>& lines)
+{
+    lines.push_back(path);
+    for (const auto& [name, value] : key.values) {
+        std::u16string line = path + u" [" + name + u"] type " + FormatText(u"%u", value.type) + u":";
+        for (const uint8_t byte : value.bytes) {
+            line += FormatText(u" %02x", static_cast<uint32_t>(byte));
+        }
+        lines.push_back(std::move(line));
+    }
+    for (const auto& [name, subkey] : key.subkeys) {
+        ExportKey(*subkey, path + u"\\" + name, lines);
+    }
 }
 
 void FakeRegistry::AddKey(KeyHandle root, std::u16string_view path, uint32_t view)

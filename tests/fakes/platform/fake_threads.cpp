@@ -13,8 +13,9 @@ class FakeStopEvent final : public StopEvent
 
     void Signal() override
     {
-        threads.log.Note("threads.Signal");
+        // In this order, so that who sees the call in the log may count on the signal.
         isSignalled = true;
+        threads.log.Note("threads.Signal");
     }
 
     bool IsSignalled() override { return isSignalled.exchange(false); }

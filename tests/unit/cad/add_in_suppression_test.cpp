@@ -193,4 +193,210 @@ TEST_F(AddInSuppressionTest, AValueThatCouldNotBeWrittenIsNotRecorded)
     EXPECT_EQ(machine.registry.OpenCount(), 0u);
 }
 
+TEST_F(AddInSuppressionTest, ATextThatCouldNotBeWrittenIsNotRecorded)
+{
+    PutText(Below(kFirst, u"{A}"), u"on");
+    machine.log.FailNth("registry.SetValue", 1);
+    suppression.Suppress();
+    EXPECT_TRUE(suppression.Saved().empty());
+    EXPECT_EQ(Text(Below(kFirst, u"{A}")), u"on");
+}
+
+TEST_F(AddInSuppressionTest, BehindAnEmptyTextNoOtherIsRead)
+{
+    PutText(Below(kFirst, u"{A}"), u"");
+    PutText(Below(kFirst, u"{B}"), u"x");
+    suppression.Suppress();
+    EXPECT_EQ(Text(Below(kFirst, u"{B}")), u"x");
+}
+
+TEST_F(AddInSuppressionTest, TheFirstTextOfAParentKeyMayHave259CharactersAndNoMore)
+{
+    PutText(Below(kFirst, u"{A}"), std::u16string(260, u'x'));
+    PutText(Below(kSecond, u"{A}"), std::u16string(259, u'y'));
+    suppression.Suppress();
+    EXPECT_EQ(Text(Below(kFirst, u"{A}")), std::u16string(260, u'x'));
+    EXPECT_EQ(Text(Below(kSecond, u"{A}")), u"");
+}
+
+TEST_F(AddInSuppressionTest, TheRoomShrinksFromTextToTextAndNeverGrowsAgain)
+{
+    PutText(Below(kFirst, u"{A}"), u"four");
+    PutText(Below(kFirst, u"{B}"), u"on");
+    PutText(Below(kFirst, u"{C}"), u"four");
+    PutText(Below(kFirst, u"{D}"), u"x");
+    suppression.Suppress();
+    EXPECT_EQ(Text(Below(kFirst, u"{A}")), u"");
+    EXPECT_EQ(Text(Below(kFirst, u"{B}")), u"");
+    EXPECT_EQ(Text(Below(kFirst, u"{C}")), u"four");
+    EXPECT_EQ(Text(Below(kFirst, u"{D}")), u"x");
+}
+
+TEST_F(AddInSuppressionTest, AValueThatIsNeitherNumberNorTerminatedTextEndsTheReadingOfTexts)
+{
+    const fakes::RegistryValue unreadable[] = {
+        {kRegBinary, {1, 0, 0, 0}},
+        {kRegNumberBigEndian, {0, 0, 0, 1}},
+        {kRegString, {'o', 0, 'n', 0}},
+        {kRegString, {'o', 0, 'n'}},
+    };
+    for (const fakes::RegistryValue& value : unreadable) {
+        machine.registry.PutValue(kCurrentUserRoot, Below(kFirst, u"{A}"), u"", value);
+        PutText(Below(kFirst, u"{B}"), u"x");
+        suppression.Suppress();
+        EXPECT_EQ(machine.registry.Value(kCurrentUserRoot, Below(kFirst, u"{A}"), u""), value);
+        EXPECT_EQ(Text(Below(kFirst, u"{B}")), u"x");
+        EXPECT_TRUE(suppression.Saved().empty());
+    }
+}
+
+TEST_F(AddInSuppressionTest, ASubkeyThatCannotBeOpenedDoesNotChangeWhatCanBeRead)
+{
+    PutText(Below(kFirst, u"{A}"), u"on");
+    PutText(Below(kFirst, u"{B}"), u"longer");
+    PutText(Below(kFirst, u"{C}"), u"ja");
+    machine.registry.Deny(kCurrentUserRoot, Below(kFirst, u"{B}"));
+    suppression.Suppress();
+    EXPECT_EQ(Text(Below(kFirst, u"{C}")), u"");
+}
+
+TEST_F(AddInSuppressionTest, ASubkeyWhoseNameIsTooLongIsPassedOver)
+{
+    const std::u16string longName(261, u'a');
+    PutNumber(Below(kFirst, longName), 1);
+    PutNumber(Below(kFirst, u"b"), 1);
+    suppression.Suppress();
+    EXPECT_EQ(Number(Below(kFirst, longName)), 1u);
+    EXPECT_EQ(Number(Below(kFirst, u"b")), 0u);
+}
+
+TEST_F(AddInSuppressionTest, AParentKeyThatCannotBeOpenedLeavesTheOtherOne)
+{
+    PutNumber(Below(kFirst, u"{A}"), 1);
+    PutNumber(Below(kSecond, u"{A}"), 1);
+    machine.registry.Deny(kCurrentUserRoot, kFirst);
+    suppression.Suppress();
+    EXPECT_EQ(Number(Below(kFirst, u"{A}")), 1u);
+    EXPECT_EQ(Number(Below(kSecond, u"{A}")), 0u);
+}
+
+TEST_F(AddInSuppressionTest, OnlyTheDefaultValueOfASubkeyCounts)
+{
+    machine.registry.PutNumber(kCurrentUserRoot, Below(kFirst, u"{A}"), u"Other", 1);
+    machine.registry.PutNumber(kCurrentUserRoot, kFirst, u"", 1);
+    suppression.Suppress();
+    EXPECT_EQ(machine.registry.Number(kCurrentUserRoot, Below(kFirst, u"{A}"), u"Other"), 1u);
+    EXPECT_EQ(Number(kFirst), 1u);
+    EXPECT_TRUE(suppression.Saved().empty());
+}
+
+TEST_F(AddInSuppressionTest, AKeyThatWentDuringTheRunDoesNotKeepTheOthersFromBeingRestored)
+{
+    PutNumber(Below(kFirst, u"{A}"), 1);
+    PutNumber(Below(kFirst, u"{B}"), 1);
+    PutText(Below(kFirst, u"{C}"), u"on");
+    suppression.Suppress();
+    machine.registry.DeleteKey(kCurrentUserRoot, Below(kFirst, u"{A}"));
+    machine.registry.Deny(kCurrentUserRoot, Below(kFirst, u"{B}"));
+    suppression.Restore();
+    EXPECT_FALSE(machine.registry.KeyExists(kCurrentUserRoot, Below(kFirst, u"{A}")));
+    EXPECT_EQ(Text(Below(kFirst, u"{C}")), u"on");
+}
+
+TEST_F(AddInSuppressionTest, ARestoreWithoutASuppressDoesNothing)
+{
+    PutNumber(Below(kFirst, u"{A}"), 0);
+    suppression.Restore();
+    EXPECT_EQ(Number(Below(kFirst, u"{A}")), 0u);
+    EXPECT_EQ(machine.log.CountOf("registry.SetValue"), 0u);
+}
+
+TEST_F(AddInSuppressionTest, AnyValueStandsByteForByteAsItWasAfterwards)
+{
+    const fakes::RegistryValue values[] = {
+        {kRegNumber, {1, 0, 0, 0}},
+        {kRegNumber, {0, 0, 0, 0}},
+        {kRegNumber, {2, 0, 0, 0}},
+        {kRegNumber, {0, 0, 0, 1}},
+        {kRegNumber, {1, 0, 0, 0, 0, 0, 0, 0}},
+        {kRegNumberBigEndian, {1, 0, 0, 0}},
+        {kRegBinary, {1, 0, 0, 0}},
+        {kRegBinary, {}},
+        {kRegString, {}},
+        {kRegString, {0, 0}},
+        {kRegString, {0, 0, 0, 0}},
+        {kRegString, {'o', 0, 'n', 0, 0, 0}},
+        {kRegString, {'o', 0, 'n', 0}},
+        {kRegString, {'o', 0, 'n', 0, 0}},
+        {kRegString, {'o', 0, 'n', 0, 0, 0, 0, 0}},
+        {kRegString, {'o', 0, 0, 0, 'n', 0, 0, 0}},
+        {kRegString, {'0', 0, 0, 0}},
+        {kRegString, {'1', 0, '1', 0, 0, 0}},
+        {kRegExpandString, {'o', 0, 'n', 0}},
+        {kRegExpandString, {0, 0}},
+    };
+    for (const fakes::RegistryValue& value : values) {
+        for (const std::u16string parent : {kFirst, kSecond}) {
+            fakes::FakePlatform other;
+            other.registry.PutValue(kCurrentUserRoot, Below(parent, u"{A}"), u"", value);
+            const std::vector<std::u16string> before = other.registry.Export();
+            AddInSuppression ours(other.registry);
+            ours.Suppress();
+            ours.Restore();
+            EXPECT_EQ(other.registry.Export(), before);
+            EXPECT_EQ(other.registry.OpenCount(), 0u);
+        }
+    }
+}
+
+TEST_F(AddInSuppressionTest, AWholeHiveStandsByteForByteAsItWasAfterwards)
+{
+    PutNumber(Below(kFirst, u"{A}"), 1);
+    PutText(Below(kFirst, u"{B}"), u"four");
+    PutNumber(Below(kFirst, u"{C}"), 0);
+    PutText(Below(kFirst, u"{D}"), u"on");
+    PutText(Below(kFirst, u"{E}"), u"four");
+    machine.registry.AddKey(kCurrentUserRoot, Below(kFirst, u"{F}"));
+    PutText(Below(kFirst, u"{G}"), u"x");
+    PutNumber(Below(kFirst, u"{H}"), 1);
+    PutText(Below(kSecond, u"{A}"), u"on");
+    PutNumber(Below(kSecond, u"{B}"), 1);
+    PutNumber(u"Software\\Other\\AddInsStartup\\{A}", 1);
+    machine.registry.PutNumber(kLocalMachineRoot, Below(kFirst, u"{A}"), u"", 1);
+    const std::vector<std::u16string> before = machine.registry.Export();
+    suppression.Suppress();
+    const std::map<std::u16string, std::u16string> expected = {
+        {Below(kFirst, u"{A}"), u"1"}, {Below(kFirst, u"{B}"), u"four"}, {Below(kFirst, u"{D}"), u"on"},
+        {Below(kFirst, u"{H}"), u"1"}, {Below(kSecond, u"{A}"), u"on"},  {Below(kSecond, u"{B}"), u"1"},
+    };
+    EXPECT_EQ(suppression.Saved(), expected);
+    EXPECT_NE(machine.registry.Export(), before);
+    suppression.Restore();
+    EXPECT_EQ(machine.registry.Export(), before);
+}
+
+TEST_F(AddInSuppressionTest, AFailingRegistryLeavesNothingSwitchedOffThatCanBeSwitchedOnAgain)
+{
+    for (uint32_t n = 1;; ++n) {
+        fakes::FakePlatform other;
+        for (const std::u16string parent : {kFirst, kSecond}) {
+            other.registry.PutNumber(kCurrentUserRoot, Below(parent, u"{A}"), u"", 1);
+            other.registry.PutText(kCurrentUserRoot, Below(parent, u"{B}"), u"", u"on");
+        }
+        const std::vector<std::u16string> before = other.registry.Export();
+        AddInSuppression ours(other.registry);
+        other.log.FailNthOfAll(n);
+        ours.Suppress();
+        const bool failed = other.log.HasFailed();
+        other.log.StopFailing();
+        ours.Restore();
+        EXPECT_EQ(other.registry.Export(), before) << n;
+        EXPECT_EQ(other.registry.OpenCount(), 0u) << n;
+        if (!failed) {
+            EXPECT_GT(n, 20u);
+            break;
+        }
+    }
+}
+
 } // namespace tv

@@ -272,4 +272,177 @@ TEST_F(DocumentsTest, AFileSavedTwiceIsRecordedOnce)
     EXPECT_EQ(manager.RunCount(), 2);
 }
 
+TEST_F(DocumentsTest, ADocumentOfTypeZeroIsPrintedUnderNoName)
+{
+    ConfigureAndStart(kPrint);
+    FakeDocument& document = App().OpenSilently(0, u"x");
+    document.AddView();
+    document.printTarget = u"x on Printer 1";
+    ASSERT_EQ(manager.RefreshDocuments(), 0);
+    EXPECT_EQ(App().Print(document), std::vector<Result>{0});
+    EXPECT_EQ(OnlyOutput().outputConf, u"");
+    EXPECT_EQ(OnlyOutput().extra, u"x on Printer 1");
+    EXPECT_EQ(App().script.CountOf(u"GetConfigurationManager"), 0);
+    EXPECT_EQ(App().script.CountOf(u"GetCurrentSheet"), 0);
+}
+
+TEST_F(DocumentsTest, TheNumbersOfAllEventsAreThese)
+{
+    ConfigureAndStart(kPrint);
+    struct Row
+    {
+        int32_t type;
+        GUID events;
+    };
+    const Row rows[] = {
+        {1, kInterfaceId<DPartDocEvents>}, {2, kInterfaceId<DAssemblyDocEvents>}, {3, kInterfaceId<DDrawingDocEvents>}};
+    size_t recorded = 0;
+    for (const Row& row : rows) {
+        FakeDocument& document = App().OpenSilently(row.type, u"a");
+        document.AddView();
+        App().Fire(22);
+        const ComPtr<FakeDocument> kept = ComPtr<FakeDocument>::Share(&document);
+        for (int32_t event = 0; event <= 30; ++event) {
+            if (event != 2 && event != 7) {
+                kept->events.Fire(row.events, event, {Variant::FromText(u"C:\\Vault\\x")});
+            }
+            if (event != 10) {
+                kept->views[0]->events.Fire(kInterfaceId<DModelViewEvents>, event);
+            }
+        }
+        EXPECT_EQ(outputs.Outputs().size(), recorded);
+        const std::u16string path = u"C:\\Vault\\" + std::u16string(1, static_cast<char16_t>(u'0' + row.type));
+        kept->events.Fire(row.events, 7, {Variant::FromText(path)});
+        kept->views[0]->events.Fire(kInterfaceId<DModelViewEvents>, 10);
+        recorded += 2;
+        EXPECT_EQ(outputs.Outputs().size(), recorded);
+        kept->events.Fire(row.events, 2);
+        EXPECT_EQ(manager.DocumentCount(), 0u);
+        App().Close(document);
+    }
+}
+
+TEST_F(DocumentsTest, ADrawingWithTheMaskForANameIsRecordedUnderTheNamedSheet)
+{
+    task->variables.SetInt(u"OutputSheets", 8);
+    task->variables.SetText(u"NamedSheet", u"Plan*");
+    ConfigureAndStart(kConvert);
+    FakeDocument& drawing = App().Open(kDrawing, u"d");
+    App().Write(drawing, u"C:\\Vault\\d.pdf");
+    EXPECT_EQ(OnlyOutput().outputConf, u"Plan*");
+}
+
+TEST_F(DocumentsTest, OneFileForEachSheetKeepsTheNameOfTheSheet)
+{
+    task->variables.SetInt(u"FileSheets", 4);
+    task->variables.SetInt(u"OutputSheets", 2);
+    ConfigureAndStart(kConvert);
+    FakeDocument& drawing = App().Open(kDrawing, u"d");
+    drawing.sheet = u"Sheet2";
+    App().Write(drawing, u"C:\\Vault\\d.pdf");
+    EXPECT_EQ(OnlyOutput().outputConf, u"Sheet2");
+}
+
+TEST_F(DocumentsTest, APartIsMappedByTheChoiceOfConfigurationsAndADrawingByThatOfSheets)
+{
+    task->variables.SetInt(u"OutputConfs", 2);
+    task->variables.SetInt(u"OutputSheets", 8);
+    task->variables.SetText(u"NamedSheet", u"Plan*");
+    ConfigureAndStart(kConvert);
+    FakeDocument& part = App().Open(kPart, u"a");
+    App().Write(part, u"C:\\Vault\\a.step");
+    FakeDocument& assembly = App().Open(2, u"b");
+    App().Write(assembly, u"C:\\Vault\\b.step");
+    FakeDocument& drawing = App().Open(kDrawing, u"d");
+    App().Write(drawing, u"C:\\Vault\\d.pdf");
+    ASSERT_EQ(outputs.Outputs().size(), 3u);
+    EXPECT_EQ(outputs.Outputs()[0].outputConf, u"All configurations");
+    EXPECT_EQ(outputs.Outputs()[1].outputConf, u"All configurations");
+    EXPECT_EQ(outputs.Outputs()[2].outputConf, u"Plan*");
+}
+
+TEST_F(DocumentsTest, ANameThatCannotBeReadIsMappedAllTheSame)
+{
+    task->variables.SetInt(u"OutputSheets", 2);
+    ConfigureAndStart(kConvert);
+    App().script.OnEveryCall(u"GetCurrentSheet").Fail(E_FAIL);
+    FakeDocument& drawing = App().Open(kDrawing, u"d");
+    App().Write(drawing, u"C:\\Vault\\d.pdf");
+    EXPECT_EQ(OnlyOutput().outputConf, u"All sheets");
+}
+
+TEST_F(DocumentsTest, ADrawingWithoutItsInterfaceRaisesAndRecordsNothing)
+{
+    ConfigureAndStart(kConvert);
+    FakeDocument& drawing = App().Open(kDrawing, u"d");
+    drawing.withoutTypedInterfaces = true;
+    EXPECT_EQ(App().Write(drawing, u"C:\\Vault\\d.pdf"), std::vector<Result>{Code(0x80004003)});
+    EXPECT_TRUE(outputs.Outputs().empty());
+    EXPECT_EQ(manager.RunCount(), 0);
+}
+
+TEST_F(DocumentsTest, APrintTargetThatCannotBeReadIsRaised)
+{
+    ConfigureAndStart(kPrint);
+    FakeDocument& document = App().OpenSilently(kPart, u"a");
+    document.AddView();
+    manager.RefreshDocuments();
+    App().script.OnEveryCall(u"GetPrintTarget").Fail(E_ACCESSDENIED);
+    EXPECT_EQ(App().Print(document), std::vector<Result>{Code(0x80070005)});
+    EXPECT_TRUE(outputs.Outputs().empty());
+}
+
+TEST_F(DocumentsTest, AFailureOfADocumentEndsTheRefreshAndKeepsWhatWasAttachedBefore)
+{
+    for (const std::u16string name : {u"GetDocumentType", u"Advise", u"FindConnectionPoint"}) {
+        ConfigureAndStart(kConvert);
+        FakeDocument& first = App().OpenSilently(kPart, u"a");
+        FakeDocument& second = App().OpenSilently(kPart, u"b");
+        FakeDocument& third = App().OpenSilently(kPart, u"c");
+        App().script.OnCall(App().script.CountOf(name) + 2, name).Fail(Code(0x80010001));
+        EXPECT_EQ(manager.RefreshDocuments(), Code(0x80010001)) << testing::PrintToString(name);
+        EXPECT_EQ(first.events.SinkCount(), 1u);
+        EXPECT_EQ(second.events.SinkCount(), 0u);
+        EXPECT_EQ(third.events.SinkCount(), 0u);
+        EXPECT_EQ(manager.RefreshDocuments(), 0);
+        EXPECT_EQ(manager.DocumentCount(), 3u);
+        manager.CloseApplication(Waiting::Yes, 0);
+    }
+}
+
+TEST_F(DocumentsTest, ANextDocumentThatCannotBeHadEndsTheRefresh)
+{
+    ConfigureAndStart(kConvert);
+    App().OpenSilently(kPart, u"a");
+    App().OpenSilently(kPart, u"b");
+    App().script.OnCall(1, u"GetNextDocument").Fail(E_FAIL);
+    EXPECT_EQ(manager.RefreshDocuments(), Code(0x80004005));
+    EXPECT_EQ(manager.DocumentCount(), 1u);
+}
+
+TEST_F(DocumentsTest, AViewThatCannotBeHeardEndsTheAttachingOfItsDocument)
+{
+    ConfigureAndStart(kPrint);
+    FakeDocument& document = App().OpenSilently(kPart, u"a");
+    document.AddView();
+    document.AddView();
+    App().script.OnCall(App().script.CountOf(u"Advise") + 2, u"Advise").Fail(E_FAIL);
+    EXPECT_EQ(manager.RefreshDocuments(), Code(0x80004005));
+    EXPECT_EQ(manager.DocumentCount(), 0u);
+    EXPECT_EQ(document.events.SinkCount(), 0u);
+    EXPECT_EQ(document.views[0]->events.SinkCount(), 0u);
+}
+
+TEST_F(DocumentsTest, AClosedApplicationTakesItsSinksOffOnce)
+{
+    ConfigureAndStart(kPrint);
+    FakeDocument& document = App().OpenSilently(kPart, u"a");
+    document.AddView();
+    manager.RefreshDocuments();
+    const ComPtr<fakes::FakeApplication> kept = ComPtr<fakes::FakeApplication>::Share(&App());
+    manager.CloseApplication(Waiting::Yes, 0);
+    EXPECT_EQ(kept->script.CountOf(u"Advise"), 3);
+    EXPECT_EQ(kept->script.CountOf(u"Unadvise"), 3);
+}
+
 } // namespace tv

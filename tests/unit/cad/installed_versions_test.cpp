@@ -227,4 +227,162 @@ TEST_F(InstalledVersionsTest, WithoutAnyExecutableThereIsNoSwitchAndTheModeStays
     EXPECT_TRUE(command.regressionMode);
 }
 
+TEST_F(InstalledVersionsTest, AFolderThatIsTooLongForTheBufferGivesWayToTheLocation)
+{
+    PutFolder(std::u16string(260, u'x'));
+    machine.registry.PutText(kLocalMachineRoot, kSetup2013, u"Torvane Location", u"C:\\Old");
+    EXPECT_EQ(GetInstallFolder(machine.registry, 2013, kReadView64), u"C:\\Old");
+    PutFolder(std::u16string(259, u'x'));
+    EXPECT_EQ(GetInstallFolder(machine.registry, 2013, kReadView64), std::u16string(259, u'x'));
+}
+
+TEST_F(InstalledVersionsTest, AFolderOfAnOddSizeGivesWayToTheLocation)
+{
+    machine.registry.PutValue(kLocalMachineRoot, kSetup2013, u"Torvane Folder", {kRegString, {'C', 0, 0}});
+    machine.registry.PutText(kLocalMachineRoot, kSetup2013, u"Torvane Location", u"C:\\Old");
+    EXPECT_EQ(GetInstallFolder(machine.registry, 2013, kReadView64), u"C:\\Old");
+}
+
+TEST_F(InstalledVersionsTest, TheLocationMayBeExpandableAndIsNotExpanded)
+{
+    machine.registry.SetEnvironment(u"X", u"Y");
+    machine.registry.PutValue(kLocalMachineRoot, kSetup2013, u"Torvane Location",
+                              {kRegExpandString, {'%', 0, 'X', 0, '%', 0, 0, 0}});
+    EXPECT_EQ(GetInstallFolder(machine.registry, 2013, kReadView64), u"%X%");
+}
+
+TEST_F(InstalledVersionsTest, ALocationOfNoBytesIsAnEmptyResult)
+{
+    machine.registry.PutValue(kLocalMachineRoot, kSetup2013, u"Torvane Location", {kRegString, {}});
+    EXPECT_EQ(GetInstallFolder(machine.registry, 2013, kReadView64), u"");
+}
+
+TEST_F(InstalledVersionsTest, AnEmptyFolderInThe64BitViewGivesWayToThe32BitView)
+{
+    PutFolder(u"");
+    PutFolder(u"D:\\CAD32", kKeyView32);
+    PutOffice(1);
+    EXPECT_EQ(Command(2013).commandLine, u"D:\\CAD32\\TORVANE.EXE /B");
+}
+
+TEST_F(InstalledVersionsTest, EachNumberAndSettingHasItsSwitch)
+{
+    struct Row
+    {
+        std::optional<uint32_t> office64;
+        std::optional<uint32_t> office32;
+        bool isForced;
+        std::optional<fakes::RegistryValue> setting;
+        std::u16string_view regressionSwitch;
+    };
+    const fakes::RegistryValue zero{kRegNumber, {0, 0, 0, 0}};
+    const fakes::RegistryValue one{kRegNumber, {1, 0, 0, 0}};
+    const fakes::RegistryValue bigZero{kRegNumberBigEndian, {0, 0, 0, 0}};
+    const fakes::RegistryValue bigOne{kRegNumberBigEndian, {1, 0, 0, 0}};
+    const fakes::RegistryValue binaryOne{kRegBinary, {1, 0, 0, 0}};
+    const fakes::RegistryValue longOne{kRegNumber, {1, 0, 0, 0, 0, 0, 0, 0}};
+    const fakes::RegistryValue shortOne{kRegNumber, {1, 0}};
+    const Row rows[] = {
+        {1, {}, false, {}, u" /B"},      {2, {}, false, {}, u" /B"},         {0, {}, false, {}, u" /R"},
+        {{}, {}, false, {}, u" /R"},     {{}, 1, false, {}, u" /B"},         {{}, 0, false, {}, u" /R"},
+        {0, 1, false, {}, u" /R"},       {0xFFFFFFFF, 1, false, {}, u" /B"}, {0x80000000, 1, false, {}, u" /R"},
+        {1, {}, true, {}, u" /R"},       {1, {}, false, zero, u" /B"},       {1, {}, false, one, u" /R"},
+        {1, {}, false, bigZero, u" /B"}, {1, {}, false, bigOne, u" /R"},     {1, {}, false, binaryOne, u" /B"},
+        {1, {}, false, longOne, u" /B"}, {1, {}, false, shortOne, u" /B"},   {0, {}, true, one, u" /R"},
+    };
+    int number = 0;
+    for (const Row& row : rows) {
+        SCOPED_TRACE(++number);
+        fakes::FakePlatform other;
+        other.registry.PutText(kLocalMachineRoot, kSetup2013, u"Torvane Folder", u"C:\\CAD");
+        if (row.office64) {
+            other.registry.PutNumber(kLocalMachineRoot, kSetup2013, u"Torvane Office Installed", *row.office64);
+        }
+        if (row.office32) {
+            other.registry.PutNumber(kLocalMachineRoot, kSetup2013, u"Torvane Office Installed", *row.office32,
+                                     kKeyView32);
+        }
+        if (row.setting) {
+            other.registry.PutValue(kCurrentUserRoot, kAddInKey, u"ForceRegressionMode", *row.setting);
+        }
+        const StartCommand command =
+            GetCommandLine(other.registry, kLocalApplicationClass, {{}, false, 2013}, row.isForced);
+        EXPECT_EQ(command.commandLine, u"C:\\CAD\\TORVANE.EXE" + std::u16string(row.regressionSwitch));
+        EXPECT_EQ(command.regressionMode, row.regressionSwitch == u" /R");
+        EXPECT_EQ(command.requestedVersion, 2013);
+        EXPECT_EQ(other.registry.OpenCount(), 0u);
+    }
+}
+
+TEST_F(InstalledVersionsTest, AUsersKeyThatCannotBeHadForcesNothing)
+{
+    PutFolder(u"C:\\CAD");
+    PutOffice(1);
+    machine.registry.PutNumber(kCurrentUserRoot, kAddInKey, u"ForceRegressionMode", 1);
+    machine.registry.Deny(kCurrentUserRoot, u"Software\\Torvane\\Applications\\Quellor");
+    EXPECT_EQ(Command(2013).commandLine, u"C:\\CAD\\TORVANE.EXE /B");
+}
+
+TEST_F(InstalledVersionsTest, ACommandWithoutRegressionClearsTheMode)
+{
+    PutFolder(u"C:\\CAD");
+    PutOffice(1);
+    EXPECT_FALSE(GetCommandLine(machine.registry, kLocalApplicationClass, {{}, true, 2013}, false).regressionMode);
+}
+
+TEST_F(InstalledVersionsTest, EachClassNameGivesItsYear)
+{
+    struct Row
+    {
+        std::u16string_view progId;
+        int32_t year;
+    };
+    const Row rows[] = {
+        {u"Torvane.Application.21", 2013},
+        {u"Torvane.Application.8", 2000},
+        {u"Torvane.Application.0", 1992},
+        {u"Torvane.Application", 1992},
+        {u"Torvane.Application.", 1992},
+        {u"Torvane.Application.x9", 1992},
+        {u"Torvane.Application.21b", 2013},
+        {u"x.21", 2013},
+        {u".21", 0},
+        {u"21", 0},
+        {u"", 0},
+    };
+    machine.registry.PutText(kLocalMachineRoot, kServer, u"", u"C:\\Any\\T.EXE");
+    for (const Row& row : rows) {
+        machine.registry.PutText(kLocalMachineRoot, kProgId, u"", row.progId);
+        EXPECT_EQ(Command(0).requestedVersion, row.year) << testing::PrintToString(row.progId);
+    }
+}
+
+TEST_F(InstalledVersionsTest, TheClassNameGivesTheYearThoughThereIsNoServer)
+{
+    machine.registry.PutText(kLocalMachineRoot, kProgId, u"", u"Torvane.Application.20");
+    const StartCommand command = Command(2013);
+    EXPECT_EQ(command.commandLine, u"");
+    EXPECT_EQ(command.requestedVersion, 2012);
+}
+
+TEST_F(InstalledVersionsTest, AnInstalledYearLeavesTheRegisteredServerAlone)
+{
+    PutFolder(u"C:\\CAD");
+    machine.registry.PutText(kLocalMachineRoot, kServer, u"", u"C:\\Any\\T.EXE");
+    machine.registry.PutText(kLocalMachineRoot, kProgId, u"", u"Torvane.Application.20");
+    EXPECT_EQ(Command(2013).requestedVersion, 2013);
+    EXPECT_EQ(Command(2013).commandLine, u"C:\\CAD\\TORVANE.EXE /R");
+}
+
+TEST_F(InstalledVersionsTest, KeysAreOpenedInThisOrderWithTheseViews)
+{
+    machine.registry.PutText(kLocalMachineRoot, kServer, u"", u"C:\\Any\\T.EXE");
+    machine.registry.PutText(kLocalMachineRoot, kProgId, u"", u"Torvane.Application.21");
+    Command(2013);
+    EXPECT_EQ(machine.registry.AccessMasks(),
+              (std::vector<uint32_t>{0x20119, 0x20219, 0x20019, 0x20019, 0x2001F, 0x2001F, 0x20119, 0x20219}));
+    EXPECT_EQ(machine.log.SubjectsOf("registry.OpenKey"),
+              (std::vector<std::u16string>{kSetup2013, kSetup2013, kServer, kProgId, kSetup2013, kSetup2013}));
+}
+
 } // namespace tv

@@ -1,4 +1,5 @@
 #include "cad/macro_error_reasons.h"
+#include "cad/macro_file.h"
 #include "cad/manager_texts.h"
 #include "cad_test.h"
 
@@ -150,26 +151,6 @@ TEST_F(MacroRunnerTest, AKnownErrorCodeGivesTheReason)
     ConfigureAndStart(1);
     Run();
     EXPECT_EQ(manager.LastError(), u"Failed to run Torvane macro. Reason: File save failed.");
-}
-
-TEST_F(MacroRunnerTest, TheNumberOfRestartsLatelyLimitsTheAttempts)
-{
-    const std::pair<int, int> attemptsAt[] = {{0, 3}, {2, 3}, {3, 2}, {5, 2}, {6, 1}, {8, 1}, {9, 1}, {12, 1}};
-    for (const auto& [failures, attempts] : attemptsAt) {
-        onRun = nullptr;
-        runs = 0;
-        ConfigureAndStart(1);
-        Run();
-        for (int i = 0; i < failures; ++i) {
-            ASSERT_EQ(manager.RestartApplication(0), 0);
-        }
-        ASSERT_EQ(manager.FailureCount(), failures);
-        runs = 0;
-        onRun = [](FakeApplication&, int) { return MacroResult{E_FAIL, false, 0}; };
-        EXPECT_EQ(Run(), Code(0x80004005));
-        EXPECT_EQ(runs, attempts) << failures;
-        manager.CloseApplication(Waiting::Yes, 0);
-    }
 }
 
 TEST_F(MacroRunnerTest, TheSchedulersDialogOverridesASuccess)
@@ -371,6 +352,155 @@ TEST(MacroErrorReasonsTest, OtherCodesHaveNoText)
     for (const int32_t code : {0, 3, 4, 11, 16, 17, 18, 19, 21, 24, 26, 29, 1000, -1}) {
         EXPECT_EQ(MacroFailedText(code), u"Failed to run Torvane macro.") << code;
     }
+}
+
+TEST_F(MacroRunnerTest, EachFailureCountHasItsNumberOfAttempts)
+{
+    const std::pair<int, int> attemptsAt[] = {{0, 3}, {1, 3}, {2, 3}, {3, 2}, {4, 2},  {5, 2},
+                                              {6, 1}, {7, 1}, {8, 1}, {9, 1}, {10, 1}, {20, 1}};
+    ConfigureAndStart(1);
+    for (const auto& [failures, attempts] : attemptsAt) {
+        while (manager.FailureCount() < failures) {
+            ASSERT_EQ(manager.RestartApplication(0), 0);
+        }
+        runs = 0;
+        const int startsBefore = cad.StartCount();
+        onRun = [](FakeApplication&, int) { return MacroResult{E_FAIL, false, 0}; };
+        EXPECT_EQ(Run(), Code(0x80004005));
+        EXPECT_EQ(runs, attempts) << failures;
+        EXPECT_EQ(cad.StartCount() - startsBefore, attempts - 1) << failures;
+        EXPECT_EQ(manager.FailureCount(), 0) << failures;
+    }
+}
+
+TEST_F(MacroRunnerTest, ASchedulersDialogAtTheLastAttemptGivesOneMore)
+{
+    onRun = [](FakeApplication&, int run) {
+        SchedulerDialogSeen() = run == 3;
+        return MacroResult{run == 3 ? 0 : E_ABORT, run == 3, 0};
+    };
+    ConfigureAndStart(1);
+    EXPECT_EQ(Run(), Code(0x80004004));
+    EXPECT_EQ(runs, 4);
+    EXPECT_EQ(cad.StartCount(), 4);
+    EXPECT_EQ(manager.FailureCount(), 0);
+}
+
+TEST_F(MacroRunnerTest, ASchedulersDialogClosesTheApplicationWithoutPoliteness)
+{
+    onRun = [](FakeApplication&, int run) {
+        SchedulerDialogSeen() = run == 1;
+        return MacroResult{};
+    };
+    ConfigureAndStart(1);
+    Run();
+    EXPECT_EQ(cad.started.front()->script.CountOf(u"ExitApplication"), 0);
+    EXPECT_EQ(machine.processes.At(4100).exitCode, 255u);
+}
+
+TEST_F(MacroRunnerTest, OnceSeenTheSchedulersDialogForcesRegressionInAllLaterRuns)
+{
+    onRun = [](FakeApplication&, int run) {
+        SchedulerDialogSeen() = run == 1;
+        return MacroResult{};
+    };
+    ConfigureAndStart(1);
+    Run();
+    ASSERT_EQ(manager.CloseApplication(Waiting::Yes, 0), 0);
+    ConfigureAndStart(2);
+    EXPECT_EQ(machine.processes.Last().commandLine, u"C:\\CAD\\TORVANE.EXE /R");
+}
+
+TEST_F(MacroRunnerTest, WithoutAnApplicationTheAttemptFailsAndTheNextOneHasANewApplication)
+{
+    ConfigureAndStart(1);
+    manager.CloseApplication(Waiting::Yes, 0);
+    EXPECT_EQ(Run(), 0);
+    EXPECT_EQ(runs, 1);
+    EXPECT_EQ(cad.StartCount(), 2);
+}
+
+TEST_F(MacroRunnerTest, ARestartWhoseCloseFailsEndsTheAttemptsWithTheMacrosCode)
+{
+    onRun = [this](FakeApplication&, int) {
+        machine.processes.Last().survivesTermination = true;
+        return MacroResult{E_ABORT, false, 13};
+    };
+    ConfigureAndStart(1);
+    EXPECT_EQ(Run(), Code(0x80004004));
+    EXPECT_EQ(runs, 1);
+    EXPECT_EQ(manager.LastError(), u"Failed to run Torvane macro. Reason: Value overflow.");
+}
+
+TEST_F(MacroRunnerTest, AFailedCallWithAKnownErrorCodeGivesTheReasonOfItsLastAttempt)
+{
+    onRun = [](FakeApplication&, int run) { return MacroResult{E_FAIL, false, run == 3 ? 28 : 2}; };
+    ConfigureAndStart(1);
+    EXPECT_EQ(Run(), Code(0x80004005));
+    EXPECT_EQ(manager.LastError(), u"Failed to run Torvane macro. Reason: File open failed.");
+}
+
+TEST_F(MacroRunnerTest, AnErrorCodeBesideASuccessIsNoFailure)
+{
+    onRun = [](FakeApplication&, int) { return MacroResult{0, true, 12}; };
+    ConfigureAndStart(1);
+    EXPECT_EQ(Run(), 0);
+    EXPECT_EQ(manager.LastError(), u"");
+}
+
+TEST_F(MacroRunnerTest, NoBytesBeyondTheTextsLengthAreWrittenWhenTheNarrowFormIsLonger)
+{
+    machine.files.SetNarrowing([](std::u16string_view text) {
+        std::string bytes;
+        for (const char16_t unit : text) {
+            bytes.append(unit < 0x80 ? 1 : 2, unit < 0x80 ? static_cast<char>(unit) : '#');
+        }
+        return bytes;
+    });
+    const MacroFile file(machine.files, u"a\u65E5\u672Cb");
+    EXPECT_EQ(machine.files.Content(u"C:\\Temp\\TFR0001.tmp"), "a###");
+}
+
+TEST_F(MacroRunnerTest, TheCopyReplacesAFileThatStandsThere)
+{
+    machine.registry.PutText(kCurrentUserRoot, kAddInKey, u"ScriptCopyPath", u"C:\\Look\\last.txt");
+    machine.files.AddFile(u"C:\\Look\\last.txt", "a much longer text than the macro");
+    ConfigureAndStart(1);
+    Run(u"Sub main");
+    EXPECT_EQ(machine.files.Content(u"C:\\Look\\last.txt"), "Sub main");
+}
+
+TEST_F(MacroRunnerTest, AnExpandableCopyPathIsExpanded)
+{
+    machine.registry.SetEnvironment(u"L", u"C:\\Look");
+    machine.registry.PutValue(kCurrentUserRoot, kAddInKey, u"ScriptCopyPath",
+                              {kRegExpandString, {'%', 0, 'L', 0, '%', 0, '\\', 0, 'a', 0, 0, 0}});
+    machine.files.AddFolder(u"C:\\Look");
+    ConfigureAndStart(1);
+    Run(u"Sub main");
+    EXPECT_EQ(machine.files.Content(u"C:\\Look\\a"), "Sub main");
+}
+
+TEST_F(MacroRunnerTest, TheSettingsKeysAreCreatedWhenTheyAreMissing)
+{
+    ConfigureAndStart(1);
+    machine.registry.DeleteKey(kCurrentUserRoot, u"Software\\Torvane");
+    Run();
+    EXPECT_TRUE(machine.registry.KeyExists(kCurrentUserRoot, kAddInKey));
+    EXPECT_TRUE(machine.files.Files().empty());
+}
+
+TEST_F(MacroRunnerTest, AFailedMoveOverwritesTheLastErrorAndAFailedWriteKeepsIt)
+{
+    onRun = [](FakeApplication&, int) { return MacroResult{0, false, 27}; };
+    ConfigureAndStart(1);
+    Run();
+    machine.log.FailNth("files.Write", 1, fakes::Failure::Once, 112);
+    EXPECT_EQ(Run(), Code(0x80070070));
+    EXPECT_EQ(manager.LastError(), u"Failed to run Torvane macro. Reason: File save failed.");
+    machine.log.FailNth("files.MoveFile", 1, fakes::Failure::Once, 5);
+    EXPECT_EQ(Run(), Code(0x80070005));
+    EXPECT_EQ(manager.LastError(), u"Failed to run Torvane macro.");
 }
 
 } // namespace tv

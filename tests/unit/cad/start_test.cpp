@@ -1,3 +1,4 @@
+#include "cad/manager_texts.h"
 #include "cad_test.h"
 
 #include <algorithm>
@@ -313,6 +314,143 @@ TEST_F(StartTest, AChoiceThatIsNoNumberIsRaised)
     task->variables.SetText(u"FileSheets", u"abc");
     outputs.Reset(vault.Get(), 1, ExistingFiles::NewVersion);
     EXPECT_EQ(RaisedBy([&] { manager.Configure(outputs, 1, task.get(), 2013); }), Code(0x80020005));
+}
+
+TEST_F(StartTest, EachPreferenceThatCannotBeSetEndsTheStartAtOnce)
+{
+    struct Row
+    {
+        std::u16string_view name;
+        int nth;
+        size_t callsMade;
+    };
+    const Row rows[] = {
+        {u"SetUserPreferenceToggle", 1, 2},
+        {u"SetUserPreferenceToggle", 2, 3},
+        {u"SetUserPreferenceIntegerValue", 1, 4},
+    };
+    for (const Row& row : rows) {
+        cad.prepare = [&](fakes::FakeApplication& application, int) {
+            application.script.OnCall(row.nth, row.name).Fail(E_ACCESSDENIED);
+        };
+        Configure(1);
+        EXPECT_EQ(manager.StartApplication(), Code(0x80070005));
+        EXPECT_EQ(cad.Last().script.Calls().size(), row.callsMade);
+    }
+}
+
+TEST_F(StartTest, AnApplicationWithoutTheEventsFailsTheStart)
+{
+    FailCall(u"FindConnectionPoint", Code(0x80040200));
+    Configure(1);
+    EXPECT_EQ(manager.StartApplication(), Code(0x80040200));
+    EXPECT_EQ(manager.LastError(), u"Failed to attach event handlers to Torvane.");
+    EXPECT_EQ(cad.Last().script.CountOf(u"SetInteractive"), 0);
+}
+
+TEST_F(StartTest, AStartThatFailsBeforeTheHidingKeepsTheCountAndTakesNoBaseline)
+{
+    ConfigureAndStart(1);
+    manager.MaintainApplication();
+    ASSERT_EQ(manager.CloseApplication(Waiting::Yes, 0), 0);
+    FailCall(u"GetRevisionNumber", E_FAIL);
+    EXPECT_LT(manager.StartApplication(), 0);
+    EXPECT_EQ(manager.RunCount(), 1);
+    EXPECT_EQ(manager.CheckMemory(), MemoryCheck::Fine);
+}
+
+TEST_F(StartTest, AHideThatFailsPutsTheRunCountToZero)
+{
+    ConfigureAndStart(1);
+    manager.MaintainApplication();
+    ASSERT_EQ(manager.CloseApplication(Waiting::Yes, 0), 0);
+    FailCall(u"SetMainWindowShown", E_FAIL);
+    EXPECT_LT(manager.StartApplication(), 0);
+    EXPECT_EQ(manager.RunCount(), 0);
+}
+
+TEST_F(StartTest, TheYearOfAnUnversionedClassReplacesTheOneThatWasAskedFor)
+{
+    machine.runningObjects.RemoveClass(u"Torvane.Application.21");
+    machine.registry.PutText(kLocalMachineRoot,
+                             u"SOFTWARE\\Classes\\CLSID\\{5A1C7F30-8F0E-4B52-9A44-2F6D1C0A7E03}\\ProgID", u"",
+                             u"Torvane.Application.20");
+    Configure(1);
+    EXPECT_EQ(manager.StartApplication(), 0);
+    EXPECT_EQ(manager.RequestedVersion(), 2012);
+    EXPECT_EQ(manager.LastError(), u"");
+    EXPECT_EQ(machine.log.SubjectsOf("runningObjects.ClassFromProgId"),
+              (Calls{u"Torvane.Application.21", u"Torvane.Application"}));
+    EXPECT_EQ(machine.processes.Last().commandLine, u"C:\\CAD\\TORVANE.EXE /R");
+}
+
+TEST_F(StartTest, WithoutAnExecutableTheStartFails)
+{
+    machine.registry.DeleteKey(kLocalMachineRoot, u"SOFTWARE\\Torvane");
+    machine.registry.DeleteKey(kLocalMachineRoot, u"SOFTWARE\\Classes");
+    Configure(1);
+    EXPECT_EQ(manager.StartApplication(), Code(0x80004005));
+    EXPECT_EQ(manager.LastError(), u"Failed to start Torvane 2013.");
+    EXPECT_EQ(machine.processes.Count(), 0u);
+    EXPECT_EQ(machine.threads.LiveThreads(), 0u);
+}
+
+TEST_F(StartTest, ACommandLineIsCutWhereTheBufferOf260CharactersEnds)
+{
+    machine.registry.PutText(kLocalMachineRoot, u"SOFTWARE\\Torvane\\Torvane 2013\\Setup", u"Torvane Folder",
+                             u"C:\\" + std::u16string(247, u'x'));
+    ConfigureAndStart(1);
+    EXPECT_EQ(machine.processes.Last().commandLine, u"C:\\" + std::u16string(247, u'x') + u"\\TORVANE.");
+}
+
+TEST_F(StartTest, AProcessThatNeverRegistersAndCannotBeOpenedIsAFailedStartAllTheSame)
+{
+    cad.registersAfter.reset();
+    cad.prepare = [this](fakes::FakeApplication&, int) { machine.processes.Last().canBeOpened = false; };
+    Configure(1);
+    EXPECT_EQ(manager.StartApplication(), Code(0x80004005));
+    EXPECT_EQ(manager.LastError(), u"Failed to start Torvane 2013.");
+    EXPECT_EQ(machine.log.CountOf("process.Terminate"), 0u);
+}
+
+TEST_F(StartTest, ConfiguringEmptiesTheDocumentsWithoutTakingThemOffTheApplication)
+{
+    ConfigureAndStart(1);
+    cad.Last().Open(1, u"a.tvnprt");
+    ASSERT_EQ(manager.DocumentCount(), 1u);
+    Configure(1);
+    EXPECT_EQ(manager.DocumentCount(), 0u);
+    EXPECT_EQ(cad.Last().script.CountOf(u"Unadvise"), 0);
+}
+
+TEST_F(StartTest, EveryFailureOfTheApplicationHasItsNumberAndItsWords)
+{
+    struct Row
+    {
+        uint32_t key;
+        std::u16string_view text;
+    };
+    const Row rows[] = {
+        {8, u"Torvane %d is not installed."},
+        {9, u"Failed to attach event handlers to Torvane."},
+        {10, u"Failed to start Torvane %d."},
+        {11, u"Failed to close Torvane application."},
+        {12, u"Failed to run Torvane macro."},
+        {93, u"Failed to set Torvane main window as invisible."},
+        {94, u"Failed to get Torvane revision number."},
+        {95, u"Reason:"},
+    };
+    ASSERT_EQ(std::size(kManagerTexts), std::size(rows));
+    for (size_t i = 0; i < std::size(rows); ++i) {
+        EXPECT_EQ(kManagerTexts[i].key, rows[i].key);
+        EXPECT_EQ(kManagerTexts[i].text, rows[i].text);
+    }
+    EXPECT_EQ(NotInstalledText(2013), u"Torvane 2013 is not installed.");
+    EXPECT_EQ(AttachFailedText(), u"Failed to attach event handlers to Torvane.");
+    EXPECT_EQ(StartFailedText(2013), u"Failed to start Torvane 2013.");
+    EXPECT_EQ(CloseFailedText(), u"Failed to close Torvane application.");
+    EXPECT_EQ(HideFailedText(), u"Failed to set Torvane main window as invisible.");
+    EXPECT_EQ(RevisionFailedText(), u"Failed to get Torvane revision number.");
 }
 
 } // namespace tv

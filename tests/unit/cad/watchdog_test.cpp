@@ -204,4 +204,123 @@ TEST_F(WatchdogTest, StoppingWhatDoesNotRunDoesNothing)
     EXPECT_EQ(machine.log.CountOf("threads.Signal"), 0u);
 }
 
+TEST_F(WatchdogTest, EveryTitleHasItsAnswer)
+{
+    struct Row
+    {
+        std::u16string title;
+        std::u16string parentTitle;
+        std::vector<PostedMessage> posted;
+        bool isSchedulerSeen;
+    };
+    const std::vector<PostedMessage> returnKey = {{0, 256, 13, 0}, {0, 257, 13, 0}};
+    const std::vector<PostedMessage> escapeKey = {{0, 256, 27, 0}, {0, 257, 27, 0}};
+    const std::vector<PostedMessage> close = {{0, 16, 0, 0}};
+    const Row rows[] = {
+        {u"Torvane", u"", returnKey, false},
+        {u"Torvanes", u"", returnKey, false},
+        {u" Torvane", u"", kNothing, false},
+        {u"torvane", u"", kNothing, false},
+        {u"TORVANE", u"", kNothing, false},
+        {u"Torvane.exe", u"", returnKey, false},
+        {u"xTorvane.exe", u"", returnKey, false},
+        {u"x Torvane.exe - y", u"", returnKey, false},
+        {u"x torvane.exe", u"", kNothing, false},
+        {u"Formlyn", u"Torvane", escapeKey, false},
+        {u"Formlyn", u"Torvane 2013", escapeKey, false},
+        {u"Formlyn", u"The Torvane", kNothing, false},
+        {u"Formlyn", u"torvane", kNothing, false},
+        {u"Formlyn", u"", kNothing, false},
+        {u"formlyn", u"Torvane", kNothing, false},
+        {u"Formlyn ", u"Torvane", kNothing, false},
+        {u"Microsoft Visual Basic", u"", returnKey, false},
+        {u"Microsoft Visual Basic ", u"", kNothing, false},
+        {u"microsoft visual basic", u"", kNothing, false},
+        {u"Microsoft Visual Basic [break]", u"", close, false},
+        {u"Microsoft Visual Basic [break] - [TVMacro1 (Code)]", u"", close, false},
+        {u"Microsoft Visual Basic [Break]", u"", kNothing, false},
+        {u"Microsoft Visual Basic [running]", u"", kNothing, false},
+        {u"My Microsoft Visual Basic [break]", u"", kNothing, false},
+        {u"The Torvane Task Scheduler", u"", returnKey, true},
+        {u"xTorvane Task Scheduler", u"", returnKey, true},
+        {u"The Torvane Task Scheduler 2", u"", kNothing, false},
+        {u"The Torvane task scheduler", u"", kNothing, false},
+        {u"Torvane Task Scheduler", u"", returnKey, false},
+        {u"Torvane.exe at the Torvane Task Scheduler", u"", returnKey, false},
+        {u"A Torvane.exe of the Torvane Task Scheduler", u"", returnKey, false},
+        {u"Microsoft Visual Basic [break] Torvane Task Scheduler", u"", close, false},
+        {u"Save as", u"Torvane", kNothing, false},
+    };
+    for (const Row& row : rows) {
+        SchedulerDialogSeen() = false;
+        EXPECT_EQ(AnswerTo(row.title, row.parentTitle), row.posted) << testing::PrintToString(row.title);
+        EXPECT_EQ(SchedulerDialogSeen(), row.isSchedulerSeen) << testing::PrintToString(row.title);
+    }
+}
+
+TEST_F(WatchdogTest, AWindowWithoutATitleIsSkipped)
+{
+    EXPECT_EQ(AnswerTo(u"", u"Torvane"), kNothing);
+}
+
+TEST_F(WatchdogTest, NoMoreThan259CharactersOfATitleAreLookedAt)
+{
+    const std::u16string words = u"Torvane Task Scheduler";
+    EXPECT_EQ(AnswerTo(std::u16string(259 - words.size(), u'x') + words), Key(13));
+    EXPECT_EQ(AnswerTo(std::u16string(260 - words.size(), u'x') + words), kNothing);
+}
+
+TEST_F(WatchdogTest, AllWindowsOfTheProcessAreAnsweredFromTheTopOneDown)
+{
+    const WindowHandle first = machine.desktop.AddWindow(kProcess, u"Torvane 2013");
+    machine.desktop.AddWindow(1, u"Torvane");
+    const WindowHandle second = machine.desktop.AddWindow(kProcess, u"Microsoft Visual Basic [break]");
+    machine.desktop.AddWindow(kProcess, u"");
+    machine.desktop.AddWindow(kProcess, u"Other");
+    const WindowHandle third = machine.desktop.AddWindow(kProcess, u"Microsoft Visual Basic");
+    const std::unique_ptr<StopEvent> stop = machine.threads.MakeStopEvent();
+    machine.clock.After(1000, [&] { stop->Signal(); });
+    watchdog.ScanWindows(*stop);
+    EXPECT_EQ(
+        machine.desktop.Posted(),
+        (std::vector<PostedMessage>{
+            {first, 256, 13, 0}, {first, 257, 13, 0}, {second, 16, 0, 0}, {third, 256, 13, 0}, {third, 257, 13, 0}}));
+}
+
+TEST_F(WatchdogTest, AWindowThatVanishesEndsTheWalkUntilTheNextPass)
+{
+    const WindowHandle first = machine.desktop.AddWindow(kProcess, u"Torvane");
+    const WindowHandle second = machine.desktop.AddWindow(kProcess, u"Microsoft Visual Basic");
+    machine.desktop.OnPost([&](const PostedMessage& message) {
+        if (message.window == first) {
+            machine.desktop.CloseWindow(first);
+        }
+    });
+    const std::unique_ptr<StopEvent> stop = machine.threads.MakeStopEvent();
+    machine.clock.After(2000, [&] { stop->Signal(); });
+    watchdog.ScanWindows(*stop);
+    EXPECT_EQ(machine.desktop.Posted(),
+              (std::vector<PostedMessage>{{first, 256, 13, 0}, {second, 256, 13, 0}, {second, 257, 13, 0}}));
+}
+
+TEST_F(WatchdogTest, AProcessThatStartsWhileTheThreadRunsIsWatched)
+{
+    process = 0;
+    machine.desktop.AddWindow(kProcess, u"Torvane");
+    const std::unique_ptr<StopEvent> stop = machine.threads.MakeStopEvent();
+    machine.clock.After(1000, [&] { process = kProcess; });
+    machine.clock.After(2000, [&] { stop->Signal(); });
+    watchdog.ScanWindows(*stop);
+    EXPECT_EQ(machine.desktop.Posted().size(), 2u);
+}
+
+TEST_F(WatchdogTest, EachOf1800PassesLooksAtTheWindowsAndSleepsASecond)
+{
+    machine.desktop.AddWindow(kProcess, u"Microsoft Visual Basic [break]");
+    const std::unique_ptr<StopEvent> stop = machine.threads.MakeStopEvent();
+    watchdog.ScanWindows(*stop);
+    EXPECT_EQ(machine.desktop.Posted().size(), 1800u);
+    EXPECT_EQ(machine.clock.Sleeps(), std::vector<uint32_t>(1800, 1000));
+}
+
 } // namespace tv
