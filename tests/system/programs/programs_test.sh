@@ -294,6 +294,67 @@ TheApplicationOfAMacroFileEndsWithTheHostHoweverThatEnds() {
     wait_until nothing_runs_now
 }
 
+FilesAreCheckedOutWrittenAndCheckedInByTvtask() {
+    make_vault
+    tv checkout '\Parts\screw.step' >/dev/null
+    is "the code for another user" "$(tv_code user anna@PC7 checkout '\Parts\screw.step')" 1
+    holds "what it says" "$(cat "$work/err")" 'That user has to check it in'
+    echo "another screw" >"$work/vault/Parts/screw.step"
+    tv checkin '\Parts\screw.step' -m 'Changed' >/dev/null
+    is "the version" "$(version_of '\Parts\screw.step')" 2
+    tv card set '\Parts\screw.step' Number=Ä-100 On:date=2026-11-21 >/dev/null
+    holds "the card" "$(tv card '\Parts\screw.step')" 'Ä-100'
+    tv rm '\Parts\screw.step' >/dev/null
+    is "the code when it is gone" "$(tv_code history '\Parts\screw.step')" 2
+    tv restore '\Parts\screw.step' >/dev/null
+    is "the version when it is back" "$(version_of '\Parts\screw.step')" 2
+    is "the local copy" "$(cat "$work/vault/Parts/screw.step")" "another screw"
+}
+
+# listen OPTION… starts a listener; its messages go to the file heard.
+listen() {
+    "${TVLISTEN:-$root/tools/tvlisten.sh}" "$@" >"$work/heard" 2>"$work/listener" &
+    listener=$!
+    wait_until holds_line "$work/listener" 'Listening on'
+}
+
+heard() {
+    cut -d' ' -f4- "$work/heard" | tr -d '\r'
+}
+
+AListenerHearsThreeTimesOfANewFileAndOnceMoreBeforeOneIsReplaced() {
+    make_vault
+    tv task set Export ReplaceOutput=true >/dev/null
+    local line="kind 1  $vault\Out\screw.stl"
+    listen --count 3
+    convert '\Parts\screw.step' >/dev/null
+    wait "$listener" || fail "the listener ended with $?"
+    is "what is heard of a new file" "$(heard)" "$line"$'\n'"$line"$'\n'"$line"
+    holds "the end" "$(cat "$work/listener")" 'Heard 3 messages'
+    listen --count 4
+    convert '\Parts\screw.step' >/dev/null
+    wait "$listener" || fail "the listener ended with $?"
+    is "what is heard of a replaced file" "$(heard)" "$line"$'\n'"$line"$'\n'"$line"$'\n'"$line"
+    nothing_is_left
+}
+
+ARunWaitsForAListenerThatDoesNotAnswerAndGoesOnWhenItEnds() {
+    make_vault
+    listen --no-answer
+    convert '\Parts\screw.step' >"$work/run" &
+    local run=$!
+    wait_until holds_line "$work/heard" 'screw.stl'
+    sleep 2
+    [[ -d /proc/$run ]] || fail "the run didn't wait"
+    is "the number of messages" "$(wc -l <"$work/heard")" 1
+    kill -INT "$listener"
+    wait "$listener" || fail "the listener ended with $?"
+    wait "$run" || fail "the run ended with $?"
+    holds "the report" "$(cat "$work/run")" 'finished'
+    is "the version" "$(version_of '\Out\screw.stl')" 1
+    nothing_is_left
+}
+
 TheExitCodeTellsHowACommandEnded() {
     is "the code without a vault" "$(tv_code ls)" 3
     make_vault
