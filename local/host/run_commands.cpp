@@ -111,6 +111,17 @@ std::vector<InstanceRecord> InstancesToRun(HostContext& context, const std::vect
     return instances;
 }
 
+/// What a person is told who asked for an instance that another host has taken meanwhile.
+void PrintTaken(HostContext& context, int32_t id)
+{
+    const auto instance = context.store->Instance(id);
+    const auto reason = instance ? ReasonAgainstRun(context, *instance) : std::nullopt;
+    context.environment.err << "tvtask: "
+                            << reason.value_or("The task instance " + std::to_string(id) +
+                                               " was taken by another host.")
+                            << "\n";
+}
+
 /// Lets Ctrl-C ask the instance to stop. The request comes on a thread of the system, so it opens the vault anew.
 class InterruptScope
 {
@@ -151,7 +162,6 @@ void SettleStatus(HostContext& context, int32_t id, Result result)
 Json RunOne(HostContext& context, AddInSession& addIn, const InstanceRecord& launched)
 {
     const int32_t id = launched.id;
-    context.store->BeginRun(id, context.environment.machine.ProcessId());
     RunProgress progress(context);
     if (!context.json) {
         context.environment.out << "Running " << id << " '" << launched.taskName << "'" << std::endl;
@@ -262,6 +272,14 @@ int RunCommand(HostContext& context, const std::vector<int32_t>& ids, bool all)
         AddInSession addIn(context.environment.component, context.store);
         addIn.RequireHook(VyxCmd_TaskRun);
         for (const InstanceRecord& instance : instances) {
+            if (!context.store->BeginRun(instance, context.environment.machine.ProcessId())) {
+                // Whoever asks for all that wait means those that no other host has taken since.
+                if (!all) {
+                    PrintTaken(context, instance.id);
+                    allWell = false;
+                }
+                continue;
+            }
             json.push_back(RunOne(context, addIn, instance));
             const int32_t status = context.RequireInstance(instance.id).status;
             allWell = allWell && status == Number(TaskStatus::Finished);
@@ -269,11 +287,11 @@ int RunCommand(HostContext& context, const std::vector<int32_t>& ids, bool all)
                 break;
             }
         }
-    } else if (!context.json) {
-        context.environment.out << "No task instance waits for a run.\n";
     }
     if (context.json) {
         context.PrintJson(json);
+    } else if (all && json.empty()) {
+        context.environment.out << "No task instance waits for a run.\n";
     }
     return allWell ? kExitDone : kExitFailed;
 }

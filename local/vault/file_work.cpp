@@ -48,25 +48,33 @@ std::shared_ptr<const TemporaryFile> FileWork::CopyOf(const fs::path& from)
     return copy;
 }
 
-void FileWork::PutCopy(const fs::path& from, const fs::path& place)
+fs::path FileWork::Fetch(const FileRecord& asked, int32_t version)
 {
+    const fs::path place = LocalPathOf(asked);
     const Disk& disk = store->Files();
-    disk.MakeFolders(place.parent_path());
-    disk.Replace(CopyOf(from)->Path(), place);
-}
-
-fs::path FileWork::Fetch(const FileRecord& file, int32_t version)
-{
-    const fs::path place = LocalPathOf(file);
-    if (file.checkOut && Disk::IsFile(place)) {
-        return place;
+    // Another program may check the file out or in while the bytes are copied; then all is asked again.
+    for (FileRecord file = asked;; file = store->RequireFile(asked.id)) {
+        if (file.checkOut && Disk::IsFile(place)) {
+            return place;
+        }
+        const VersionRecord wanted = RequireVersion(file, version);
+        const bool holds = HoldsVersion(place, wanted);
+        const bool readOnly = !file.checkOut;
+        if (holds && Disk::IsReadOnly(place) == readOnly) {
+            return place;
+        }
+        disk.MakeFolders(place.parent_path());
+        const auto copy = holds ? nullptr : CopyOf(store->ContentPath(wanted));
+        const bool done = store->WhileUnchanged(file, [&] {
+            if (copy) {
+                disk.Replace(copy->Path(), place);
+            }
+            disk.SetReadOnly(place, readOnly);
+        });
+        if (done) {
+            return place;
+        }
     }
-    const VersionRecord wanted = RequireVersion(file, version);
-    if (!HoldsVersion(place, wanted)) {
-        PutCopy(store->ContentPath(wanted), place);
-    }
-    store->Files().SetReadOnly(place, !file.checkOut);
-    return place;
 }
 
 void FileWork::FetchWithReferences(const FileRecord& first, int32_t version, ReferenceRule rule)
@@ -268,23 +276,27 @@ ImportedFile FileWork::Import(const fs::path& from, const VaultPath& folderPath,
     const FolderRecord folder = store->MakeFolder(folderPath);
     VaultPath path = folderPath;
     path.push_back(name);
-    const auto present = store->FindFile(path);
-    if (present) {
-        store->RequireCheckOutable(*present);
-    } else {
-        store->RequireRight(folder.id, Right::Add);
-    }
+    auto present = store->FindFile(path);
+    present ? store->RequireCheckOutable(*present) : store->RequireRight(folder.id, Right::Add);
     const PendingContent content = store->TakeBytes(from);
-    int32_t id = 0;
-    if (present) {
-        id = present->id;
-        store->AddVersion(id, content, comment);
-    } else {
-        id = store->AddFile(folder.id, name, content, std::nullopt, comment).id;
+    std::optional<FileRecord> added;
+    if (!present) {
+        const Outcome outcome =
+            OutcomeOf([&] { added = store->AddFile(folder.id, name, content, std::nullopt, comment); });
+        if (outcome.code == kErrorNameAlreadyExists) {
+            // Another program may have brought it while the bytes were copied.
+            present = store->FindFile(path);
+        }
+        if (!added && !present) {
+            Fail(outcome.code, outcome.words);
+        }
     }
-    const FileRecord file = store->RequireFile(id);
+    if (present) {
+        store->AddVersion(present->id, content, comment);
+    }
+    const FileRecord file = store->RequireFile(added ? added->id : present->id);
     Fetch(file, 0);
-    return {file, !present};
+    return {file, added.has_value()};
 }
 
 void FileWork::Export(const FileRecord& file, int32_t version, const fs::path& to)

@@ -84,7 +84,6 @@ class FileWork
     VersionRecord RequireVersion(const FileRecord& file, int32_t version);
     bool HoldsVersion(const std::filesystem::path& place, const VersionRecord& version) const;
     std::shared_ptr<const TemporaryFile> CopyOf(const std::filesystem::path& from);
-    void PutCopy(const std::filesystem::path& from, const std::filesystem::path& place);
     AddPlan PlanAdd(const AddRequest& request);
     CheckInPlan PlanCheckIn(int32_t id);
     void RemoveCopy(const VaultPath& path);

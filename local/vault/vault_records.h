@@ -41,6 +41,8 @@ struct CheckOutRecord
     FileStamp handedOut;
     /// The file was added and has never been checked in: its version 1 isn't final yet.
     bool fresh = false;
+
+    bool operator==(const CheckOutRecord&) const = default;
 };
 
 struct FileRecord

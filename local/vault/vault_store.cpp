@@ -177,9 +177,13 @@ void VaultStore::RemoveStaleTemporaries()
     std::error_code error;
     const auto oldest = fs::file_time_type::clock::now() - kTemporaryLifetime;
     for (const fs::directory_entry& entry : fs::directory_iterator(TemporaryFolder(root), error)) {
-        if (fs::last_write_time(entry.path(), error) < oldest && !error) {
-            disk.Remove(entry.path());
-        }
+        // One that can't be removed, or that another program removes just now, is no reason to keep the vault shut.
+        (void)AtBoundary([&] {
+            if (fs::last_write_time(entry.path(), error) < oldest && !error) {
+                disk.Remove(entry.path());
+            }
+            return 0;
+        });
     }
 }
 

@@ -161,6 +161,9 @@ class VaultStore
     void RequireCheckedOutHere(const FileRecord& file) const;
     /// Raises what stands against a check-in by this session.
     void RequireCheckInable(const FileRecord& file);
+    /// Runs an action on the local copy of a file while its latest version and its check-out are those of the record, and
+    /// stay so. False, and nothing done, when they are others by now.
+    bool WhileUnchanged(const FileRecord& seen, const std::function<void()>& action);
     /// Runs an action on the local view of a place in the vault while no file stands there and none can come.
     void WhereNoFileIs(const VaultPath& path, const std::function<void()>& action);
 
@@ -233,7 +236,9 @@ class VaultStore
     std::vector<SelectionItem> Selection(int32_t instance);
     /// Stores what the task was launched on; the instance now waits for its run.
     void FinishLaunch(int32_t instance, std::span<const SelectionItem> selection);
-    void BeginRun(int32_t instance, int32_t hostProcess);
+    /// Takes an instance for a run of this host. False, and nothing done, when it doesn't stand any more as it was seen:
+    /// another host has taken it, or it is gone.
+    bool BeginRun(const InstanceRecord& seen, int32_t hostProcess);
     void SetStatus(int32_t instance, int32_t status, int32_t result = 0, std::string_view message = {},
                    std::span<const DocumentItem> documents = {});
     std::vector<DocumentItem> Documents(int32_t instance);

@@ -151,14 +151,21 @@ void VaultStore::FinishLaunch(int32_t instance, std::span<const SelectionItem> s
     transaction.Commit();
 }
 
-void VaultStore::BeginRun(int32_t instance, int32_t hostProcess)
+bool VaultStore::BeginRun(const InstanceRecord& seen, int32_t hostProcess)
 {
     Transaction transaction(database);
-    database.Run("UPDATE instances SET status = ?, result = 0, message = '', progress_lower = 0, progress_upper = 0, "
-                 "progress_position = 0, progress_text = '', started = ?, ended = '', host_process = ? WHERE id = ?",
-                 static_cast<int32_t>(TaskStatus::Running), std::string_view(Now()), hostProcess, instance);
-    database.Run("DELETE FROM instance_documents WHERE instance = ?", instance);
+    const int64_t taken = database.Run(
+        "UPDATE instances SET status = ?, result = 0, message = '', progress_lower = 0, progress_upper = 0, "
+        "progress_position = 0, progress_text = '', started = ?, ended = '', host_process = ? "
+        "WHERE id = ? AND status = ? AND host_process = ?",
+        static_cast<int32_t>(TaskStatus::Running), std::string_view(Now()), hostProcess, seen.id, seen.status,
+        seen.hostProcess);
+    if (taken == 0) {
+        return false;
+    }
+    database.Run("DELETE FROM instance_documents WHERE instance = ?", seen.id);
     transaction.Commit();
+    return true;
 }
 
 void VaultStore::SetStatus(int32_t instance, int32_t status, int32_t result, std::string_view message,

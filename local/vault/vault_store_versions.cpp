@@ -350,6 +350,18 @@ bool VaultStore::UndoCheckOut(int32_t id, int32_t expectedVersion, const std::fu
     return leaves;
 }
 
+bool VaultStore::WhileUnchanged(const FileRecord& seen, const std::function<void()>& action)
+{
+    // Versions and check-outs come in transactions, and this one keeps them out.
+    Transaction transaction(database);
+    const auto now = FileRow(seen.id);
+    const bool unchanged = now && now->latestVersion == seen.latestVersion && now->checkOut == seen.checkOut;
+    if (unchanged) {
+        action();
+    }
+    return unchanged;
+}
+
 void VaultStore::WhereNoFileIs(const VaultPath& path, const std::function<void()>& action)
 {
     // Files come in transactions, and this one keeps them out.

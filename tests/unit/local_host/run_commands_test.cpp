@@ -3,6 +3,12 @@
 #include "vault/text.h"
 
 #include <fstream>
+#include <set>
+
+#ifndef _WIN32
+#include <sys/wait.h>
+#include <unistd.h>
+#endif
 
 namespace tv::local {
 
@@ -217,7 +223,7 @@ TEST_F(RunCommands, AllRunsWhatWaitsAndNothingElse)
 TEST_F(RunCommands, AnInstanceThatHasEndedOrIsBeingRunIsRefused)
 {
     const int32_t id = Launch();
-    Store()->BeginRun(id, 4711);
+    Store()->BeginRun(*Store()->Instance(id), 4711);
     machine.alive = 4711;
     EXPECT_NE(Run({"run", std::to_string(id)}).err.find("is being run by the process 4711"), std::string::npos);
     machine.alive = 0;
@@ -231,6 +237,81 @@ TEST_F(RunCommands, AnInstanceThatHasEndedOrIsBeingRunIsRefused)
     EXPECT_EQ(Run({"run"}).code, 2);
     EXPECT_EQ(Run({"run", "99"}).code, 2);
 }
+
+TEST_F(RunCommands, AnInstanceThatAnotherHostTakesMeanwhileIsLeftToIt)
+{
+    const int32_t first = Launch();
+    const int32_t second = Launch();
+    component.handlers[43] = [&](const HandedCommand& command) {
+        Store()->BeginRun(*Store()->Instance(second), 4711);
+        return command.instance->SetStatus(7, 0, nullptr, nullptr, 0);
+    };
+    Done({"run", "--all"});
+    EXPECT_EQ(component.log, (std::vector<int32_t>{44, 44, 43}));
+    EXPECT_EQ(Store()->Instance(first)->status, 7);
+    EXPECT_EQ(Store()->Instance(second)->hostProcess, 4711);
+}
+
+TEST_F(RunCommands, WhoAskedForAnInstanceThatAnotherHostTakesMeanwhileIsTold)
+{
+    const int32_t first = Launch();
+    const int32_t second = Launch();
+    const int32_t third = Launch();
+    component.handlers[43] = [&](const HandedCommand& command) {
+        if (Store()->Instance(second)->status == 1) {
+            Store()->BeginRun(*Store()->Instance(second), 4711);
+            machine.alive = 4711;
+        }
+        return command.instance->SetStatus(7, 0, nullptr, nullptr, 0);
+    };
+    const Printed printed = Run({"run", std::to_string(first), std::to_string(second), std::to_string(third)});
+    EXPECT_EQ(printed.code, 1);
+    EXPECT_EQ(printed.err,
+              "tvtask: The task instance " + std::to_string(second) + " is being run by the process 4711.\n");
+    EXPECT_EQ(Store()->Instance(third)->status, 7);
+}
+
+#ifndef _WIN32
+
+TEST_F(RunCommands, SeveralHostsAtOnceRunEachWaitingInstanceExactlyOnce)
+{
+    constexpr int kHosts = 3;
+    constexpr int kInstances = 30;
+    std::multiset<std::string> launched;
+    for (int i = 0; i < kInstances; ++i) {
+        launched.insert(Store()->Instance(Launch())->guid);
+    }
+    const auto runs = [&](int host) { return Folder("runs of host " + std::to_string(host)); };
+    std::vector<pid_t> hosts;
+    for (int host = 0; host < kHosts; ++host) {
+        hosts.push_back(::fork());
+        if (hosts.back() == 0) {
+            component.handlers[43] = [&](const HandedCommand& command) {
+                BString guid;
+                command.instance->GetInstanceGuid(guid.put());
+                std::ofstream(runs(host), std::ios::app) << Utf8(guid.View()) << "\n";
+                return command.instance->SetStatus(7, 0, nullptr, nullptr, 0);
+            };
+            ::_exit(Run({"run", "--all"}).code);
+        }
+    }
+    std::multiset<std::string> run;
+    for (int host = 0; host < kHosts; ++host) {
+        int status = 0;
+        ::waitpid(hosts[static_cast<size_t>(host)], &status, 0);
+        EXPECT_EQ(status, 0);
+        std::ifstream stream(runs(host));
+        for (std::string guid; std::getline(stream, guid);) {
+            run.insert(guid);
+        }
+    }
+    EXPECT_EQ(run, launched);
+    for (const InstanceRecord& instance : Store()->Instances()) {
+        EXPECT_EQ(instance.status, 7);
+    }
+}
+
+#endif
 
 TEST_F(RunCommands, AnAddInThatIsNotRegisteredIsAFailureThatSaysSo)
 {

@@ -166,6 +166,15 @@ TEST_F(PowerLoss, AFailedWriteIsReportedAndTheVaultWorksOn)
     }
 }
 
+TEST_F(PowerLoss, WhatCannotBeRemovedOfALostWriteKeepsNobodyOutOfTheVault)
+{
+    Make();
+    const fs::path lost = Root() / ".quellor" / "temp" / "lost.tmp";
+    fs::create_directories(lost / "kept");
+    fs::last_write_time(lost, fs::file_time_type::clock::now() - std::chrono::hours(25));
+    EXPECT_EQ(CodeOf([&] { OpenAs(kAnna); }), 0);
+}
+
 TEST_F(PowerLoss, WhileAVaultIsBeingMadeLeavesAFolderThatCanStillBecomeOne)
 {
     int steps = 0;

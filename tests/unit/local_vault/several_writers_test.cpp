@@ -240,6 +240,98 @@ TEST_F(SeveralWriters, GiveUpOnOneThatNeverEnds)
     EXPECT_EQ(berts->FilesIn(kRootFolder).size(), 0u);
 }
 
+/// A store whose first "write bytes" is preceded by what another program does.
+StoreOptions OptionsWithMeanwhile(const Session& session, std::function<void()> meanwhile)
+{
+    StoreOptions options;
+    options.session = session;
+    options.beforeWrite = [meanwhile, happened = false](std::string_view step) mutable {
+        if (step == "write bytes" && !happened) {
+            happened = true;
+            meanwhile();
+        }
+    };
+    return options;
+}
+
+TEST_F(SeveralWriters, AFileThatAnotherProgramBringsDuringItsImportGetsAVersionMore)
+{
+    const auto annas = VaultStore::Open(
+        Root(), OptionsWithMeanwhile(kAnna, [&] { Import(*OpenAs(kBert), "same.step", "of bert", {"Parts"}); }));
+    const ImportedFile imported = FileWork(annas).Import(Write("of anna/same.step", "of anna"), {"Parts"}, "");
+    EXPECT_FALSE(imported.isNew);
+    ASSERT_EQ(store->Versions(imported.file.id).size(), 2u);
+    EXPECT_EQ(BytesOf(store->ContentPath(*store->Version(imported.file.id, 1))), "of bert");
+    EXPECT_EQ(BytesOf(store->ContentPath(*store->Version(imported.file.id, 2))), "of anna");
+    EXPECT_EQ(BytesOf(Root() / "Parts" / "same.step"), "of anna");
+}
+
+TEST_F(SeveralWriters, AFileThatAnotherProgramBringsAndHoldsDuringItsImportIsRefused)
+{
+    const auto annas = VaultStore::Open(Root(), OptionsWithMeanwhile(kAnna, [&] {
+                                            const auto berts = OpenAs(kBert);
+                                            FileWork work(berts);
+                                            work.CheckOut(Import(*berts, "same.step", "of bert").id);
+                                        }));
+    const auto from = Write("of anna/same.step", "of anna");
+    EXPECT_EQ(CodeOf([&] { FileWork(annas).Import(from, {}, ""); }), kErrorLockedByAnotherUser);
+    EXPECT_EQ(BytesOf(Root() / "same.step"), "of bert");
+}
+
+TEST_F(SeveralWriters, ACopyThatIsCheckedOutWhileItIsFetchedStaysItsHolders)
+{
+    const FileRecord file = Import(*store, "screw.step", "latest");
+    const fs::path place = Root() / "screw.step";
+    Disk({}).Remove(place);
+    const auto annas = VaultStore::Open(Root(), OptionsWithMeanwhile(kAnna, [&] {
+                                            FileWork(OpenAs(kBert)).CheckOut(file.id);
+                                            WriteBytes(place, "what bert writes");
+                                        }));
+    EXPECT_EQ(FileWork(annas).Fetch(file, 0), place);
+    EXPECT_EQ(BytesOf(place), "what bert writes");
+    EXPECT_FALSE(Disk::IsReadOnly(place));
+}
+
+TEST_F(SeveralWriters, AFileThatGetsAVersionWhileItIsFetchedIsFetchedAnew)
+{
+    const FileRecord file = Import(*store, "screw.step", "first");
+    const fs::path place = Root() / "screw.step";
+    Disk({}).Remove(place);
+    const auto annas =
+        VaultStore::Open(Root(), OptionsWithMeanwhile(kAnna, [&] { Import(*OpenAs(kBert), "screw.step", "second"); }));
+    FileWork(annas).Fetch(file, 0);
+    EXPECT_EQ(BytesOf(place), "second");
+    EXPECT_TRUE(Disk::IsReadOnly(place));
+}
+
+TEST_F(SeveralWriters, OfOneNameImportItAsVersionsOfOneFile)
+{
+    std::atomic<int> failures = 0;
+    std::vector<std::thread> threads;
+    for (const char* name : {"anna", "bert", "carla", "dora"}) {
+        threads.emplace_back([&, name] {
+            FileWork work(OpenAs({name, "bench"}));
+            for (int i = 0; i < 10; ++i) {
+                const std::string file = "part " + std::to_string(i) + ".step";
+                const fs::path from = Write(std::string(name) + "/" + file, name + std::to_string(i));
+                failures += CodeOf([&] { work.Import(from, {"Parts"}, ""); }) == 0 ? 0 : 1;
+            }
+        });
+    }
+    for (std::thread& thread : threads) {
+        thread.join();
+    }
+    EXPECT_EQ(failures, 0);
+    for (int i = 0; i < 10; ++i) {
+        const auto file = store->FindFile({"Parts", "part " + std::to_string(i) + ".step"});
+        ASSERT_TRUE(file);
+        EXPECT_EQ(store->Versions(file->id).size(), 4u);
+        EXPECT_EQ(BytesOf(FileWork(store).LocalPathOf(*file)),
+                  BytesOf(store->ContentPath(*store->Version(file->id, 4))));
+    }
+    store->Verify();
+}
+
 TEST_F(SeveralWriters, OfOneNameGiveItToOneOfThem)
 {
     std::atomic<int> added = 0;

@@ -77,7 +77,7 @@ TEST_F(TaskObjects, TheInstanceTellsItsTaskAndAlwaysTheSameGuid)
 
 TEST_F(TaskObjects, StatusAndProgressAreStoredAndTold)
 {
-    store->BeginRun(id, 1);
+    store->BeginRun(*store->Instance(id), 1);
     EXPECT_EQ(instance->SetProgressRange(4, 0, u"one"), 0);
     EXPECT_EQ(instance->SetProgressPos(2, nullptr), 0);
     EXPECT_EQ(instance->SetProgressRange(0, 4, u"one"), E_INVALIDARG);

@@ -83,7 +83,7 @@ TEST_F(Tasks, EachInstanceHasAGuidOfItsOwn)
 TEST_F(Tasks, ARunIsFollowedFromItsBeginningToItsEnd)
 {
     const int32_t id = store->MakeInstance(task.id).id;
-    store->BeginRun(id, 4711);
+    store->BeginRun(*store->Instance(id), 4711);
     EXPECT_EQ(store->Instance(id)->status, 3);
     EXPECT_EQ(store->Instance(id)->hostProcess, 4711);
     EXPECT_EQ(store->Instance(id)->started, "2026-11-21T01:40:05Z");
@@ -103,10 +103,50 @@ TEST_F(Tasks, ARunIsFollowedFromItsBeginningToItsEnd)
     EXPECT_EQ(store->Documents(id), documents);
 }
 
+TEST_F(Tasks, AnInstanceIsTakenByOneOfTheHostsThatSeeItWaiting)
+{
+    const int32_t id = store->MakeInstance(task.id).id;
+    store->FinishLaunch(id, {});
+    const InstanceRecord seen = *store->Instance(id);
+    EXPECT_TRUE(store->BeginRun(seen, 4711));
+    EXPECT_FALSE(OpenAs(kBert)->BeginRun(seen, 4712));
+    EXPECT_EQ(store->Instance(id)->hostProcess, 4711);
+}
+
+TEST_F(Tasks, AnInstanceThatHasEndedSinceItWasSeenIsNotTaken)
+{
+    const int32_t id = store->MakeInstance(task.id).id;
+    store->FinishLaunch(id, {});
+    const InstanceRecord seen = *store->Instance(id);
+    store->BeginRun(seen, 4711);
+    store->SetStatus(id, 7, 0, "well", std::vector<DocumentItem>{{5, 1, 2, 3}});
+    EXPECT_FALSE(store->BeginRun(seen, 4712));
+    EXPECT_EQ(store->Instance(id)->status, 7);
+    EXPECT_EQ(store->Instance(id)->message, "well");
+    EXPECT_EQ(store->Documents(id).size(), 1u);
+}
+
+TEST_F(Tasks, AnInstanceWhoseHostDiedIsTakenByOneOfTheHostsThatSeeIt)
+{
+    const int32_t id = store->MakeInstance(task.id).id;
+    store->BeginRun(*store->Instance(id), 4711);
+    const InstanceRecord seen = *store->Instance(id);
+    EXPECT_TRUE(store->BeginRun(seen, 4712));
+    EXPECT_FALSE(store->BeginRun(seen, 4713));
+    EXPECT_EQ(store->Instance(id)->hostProcess, 4712);
+}
+
+TEST_F(Tasks, AnInstanceThatWasRemovedSinceItWasSeenIsNotTaken)
+{
+    const InstanceRecord seen = store->MakeInstance(task.id);
+    store->RemoveInstance(seen.id);
+    EXPECT_FALSE(store->BeginRun(seen, 4711));
+}
+
 TEST_F(Tasks, ACancelRequestOfAnotherProcessIsSeen)
 {
     const int32_t id = store->MakeInstance(task.id).id;
-    store->BeginRun(id, 1);
+    store->BeginRun(*store->Instance(id), 1);
     OpenAs(kBert)->SetStatus(id, 6);
     EXPECT_EQ(store->Instance(id)->status, 6);
     EXPECT_EQ(store->Instance(id)->ended, "");
