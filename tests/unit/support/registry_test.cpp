@@ -329,5 +329,99 @@ TEST_F(RegistryTest, AKeyOpenedForReadingRefusesToBeWritten)
     EXPECT_EQ(key.LastResult(), 5u);
 }
 
+TEST_F(RegistryTest, AnExpandableTextOfNoBytesIsEmpty)
+{
+    Put(u"t", kRegExpandString, {});
+    std::u16string text = u"old";
+    EXPECT_TRUE(key.ReadString(u"t", text));
+    EXPECT_EQ(text, u"");
+}
+
+TEST_F(RegistryTest, AnExpandableTextOfAnOddSizeIsReadWithoutAnOverrun)
+{
+    machine.registry.SetEnvironment(u"a", u"one");
+    Put(u"t", kRegExpandString, {'%', 0, 'a', 0, '%'});
+    std::u16string text;
+    EXPECT_TRUE(key.ReadString(u"t", text));
+    EXPECT_EQ(text, u"one");
+}
+
+TEST_F(RegistryTest, APlainTextIsNotExpanded)
+{
+    machine.registry.SetEnvironment(u"a", u"one");
+    key.WriteString(u"t", u"%a%");
+    std::u16string text;
+    EXPECT_TRUE(key.ReadString(u"t", text));
+    EXPECT_EQ(text, u"%a%");
+}
+
+TEST_F(RegistryTest, ATextEndsAtItsFirstZero)
+{
+    Put(u"t", kRegString, Utf16(std::u16string_view(u"ab\0cd\0", 6)));
+    std::u16string text;
+    EXPECT_TRUE(key.ReadString(u"t", text));
+    EXPECT_EQ(text, u"ab");
+}
+
+TEST_F(RegistryTest, EveryTypeButTheTwoOfTextsIsNoText)
+{
+    for (const uint32_t type : {0u, 3u, 4u, 5u, 6u, 7u, 8u, 11u}) {
+        Put(u"t", type, {'a', 0, 0, 0});
+        std::u16string text = u"old";
+        EXPECT_FALSE(key.ReadString(u"t", text)) << type;
+        EXPECT_EQ(text, u"old");
+        EXPECT_EQ(key.LastResult(), 13u);
+        char16_t buffer[4] = {};
+        uint32_t size = 4;
+        EXPECT_EQ(key.ReadStringInto(u"t", buffer, size), 13u) << type;
+    }
+}
+
+TEST_F(RegistryTest, EveryTypeButThatOfANumberIsNone)
+{
+    for (const uint32_t type : {0u, 1u, 2u, 3u, 5u, 6u, 7u, 11u}) {
+        Put(u"n", type, {1, 0, 0, 0});
+        uint32_t number = 7;
+        EXPECT_EQ(key.ReadNumber(u"n", number), 13u) << type;
+        EXPECT_EQ(number, 7u);
+    }
+}
+
+TEST_F(RegistryTest, EachBigEndianNumberHasItsHalvesExchangedAndNoByteSwapped)
+{
+    struct Row
+    {
+        std::vector<uint8_t> bytes;
+        uint32_t number;
+    };
+    const Row rows[] = {
+        {{0, 0, 0, 0}, 0},
+        {{1, 0, 0, 0}, 0x00010000},
+        {{0, 1, 0, 0}, 0x01000000},
+        {{0, 0, 1, 0}, 0x00000001},
+        {{0, 0, 0, 1}, 0x00000100},
+        {{0x78, 0x56, 0x34, 0x12}, 0x56781234},
+        {{0xFF, 0xFF, 0, 0}, 0xFFFF0000},
+        {{0xFF, 0xFF, 0xFF, 0xFF}, 0xFFFFFFFF},
+    };
+    for (const Row& row : rows) {
+        Put(u"n", kRegNumberBigEndian, row.bytes);
+        uint32_t number = 7;
+        EXPECT_EQ(key.ReadNumberOfEitherOrder(u"n", number), 0u);
+        EXPECT_EQ(number, row.number);
+    }
+}
+
+TEST_F(RegistryTest, ANumberReplacesATextAndATextANumber)
+{
+    key.WriteString(u"v", u"text");
+    EXPECT_EQ(key.WriteNumber(u"v", 3), 0u);
+    uint32_t number = 0;
+    EXPECT_EQ(key.ReadNumber(u"v", number), 0u);
+    EXPECT_EQ(number, 3u);
+    EXPECT_TRUE(key.WriteString(u"v", u""));
+    EXPECT_EQ(machine.registry.Value(kCurrentUserRoot, kPath, u"v"), (fakes::RegistryValue{1, {0, 0}}));
+}
+
 } // namespace
 } // namespace tv

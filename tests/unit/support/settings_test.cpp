@@ -285,5 +285,100 @@ TEST_F(SettingsTest, AVaultsKeyIsCreatedWhenAskedTo)
     EXPECT_TRUE(machine.registry.KeyExists(kCurrentUserRoot, Below(u"Vaults\\Design")));
 }
 
+TEST_F(SettingsTest, EveryModeHasItsOrderOfSides)
+{
+    enum Side
+    {
+        Missing,
+        WithoutValue,
+        WithValue
+    };
+    struct Row
+    {
+        uint32_t mode;
+        Side machineSide;
+        Side userSide;
+        uint32_t found; ///< 1 the machine's value, 2 the user's, 0 none
+    };
+    const Row rows[] = {
+        {1, Missing, Missing, 0},        {1, Missing, WithValue, 0},      {1, WithoutValue, WithValue, 0},
+        {1, WithValue, Missing, 1},      {1, WithValue, WithValue, 1},    {2, Missing, Missing, 0},
+        {2, WithValue, Missing, 0},      {2, WithValue, WithoutValue, 0}, {2, Missing, WithValue, 2},
+        {2, WithValue, WithValue, 2},    {4, Missing, Missing, 0},        {4, Missing, WithoutValue, 0},
+        {4, Missing, WithValue, 2},      {4, WithoutValue, Missing, 0},   {4, WithoutValue, WithoutValue, 0},
+        {4, WithoutValue, WithValue, 2}, {4, WithValue, Missing, 1},      {4, WithValue, WithoutValue, 1},
+        {4, WithValue, WithValue, 1},    {8, Missing, Missing, 0},        {8, WithoutValue, Missing, 0},
+        {8, WithValue, Missing, 1},      {8, Missing, WithoutValue, 0},   {8, WithoutValue, WithoutValue, 0},
+        {8, WithValue, WithoutValue, 1}, {8, Missing, WithValue, 2},      {8, WithoutValue, WithValue, 2},
+        {8, WithValue, WithValue, 2},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(testing::Message() << row.mode << ' ' << row.machineSide << ' ' << row.userSide);
+        fakes::FakePlatform other;
+        other.registry.AddKey(kLocalMachineRoot, kProduct);
+        const std::u16string machinePath = Below(u"Databases\\Design");
+        const std::u16string userPath = Below(u"Vaults\\Design");
+        if (row.machineSide != Missing) {
+            other.registry.PutNumber(kLocalMachineRoot, machinePath, row.machineSide == WithValue ? u"V" : u"W", 1);
+        }
+        if (row.userSide != Missing) {
+            other.registry.PutNumber(kCurrentUserRoot, userPath, row.userSide == WithValue ? u"V" : u"W", 2);
+        }
+        SettingsLight ours(other.registry);
+        Registry vault(other.registry);
+        EXPECT_EQ(ours.OpenVaultKey(u"Design", vault, u"V", MissingKey::Fail, row.mode | 0x100), row.found != 0);
+        uint32_t number = 0;
+        vault.ReadNumber(u"V", number);
+        EXPECT_EQ(number, row.found);
+        EXPECT_EQ(vault.IsOpen(), row.found != 0);
+    }
+}
+
+TEST_F(SettingsTest, ASideThatIsLeftOutIsNotEvenOpened)
+{
+    PutMachine(u"DateFmt", 1);
+    PutUser(u"DateFmt", 2);
+    OpenVault(1);
+    EXPECT_EQ(machine.log.CountOf("registry.CreateKey"), 0u);
+    machine.log.Clear();
+    OpenVault(2);
+    EXPECT_EQ(machine.log.SubjectsOf("registry.OpenKey"), std::vector<std::u16string>{u"Vaults\\Design"});
+}
+
+TEST_F(SettingsTest, TheMachinesPoliciesAreOpenedInThe32BitViewWhenAskedTo)
+{
+    machine.registry.AddKey(kLocalMachineRoot, kProduct);
+    machine.registry.PutNumber(kLocalMachineRoot, u"Software\\Policies\\Torvane\\Quellor", u"v", 32, kKeyView32);
+    machine.registry.PutNumber(kLocalMachineRoot, u"Software\\Policies\\Torvane\\Quellor", u"v", 64);
+    uint32_t number = 0;
+    ASSERT_TRUE(settings.OpenStandardKey(StandardKey::MachinePolicies, key, MissingKey::Fail, 0x500));
+    key.ReadNumber(u"v", number);
+    EXPECT_EQ(number, 32u);
+    ASSERT_TRUE(settings.OpenStandardKey(StandardKey::MachinePolicies, key, MissingKey::Fail, 0x100));
+    key.ReadNumber(u"v", number);
+    EXPECT_EQ(number, 64u);
+}
+
+TEST_F(SettingsTest, AVaultsKeyOfTheMachineIsOpenedWithTheAccessOfTheFlags)
+{
+    PutMachine(u"DateFmt", 1);
+    settings.GetMachineKey();
+    const size_t before = machine.registry.AccessMasks().size();
+    for (const uint32_t flags : {0x101u, 0x201u, 0x301u, 0x501u}) {
+        settings.OpenVaultKey(u"Design", key, u"", MissingKey::Fail, flags);
+    }
+    const std::vector<uint32_t>& masks = machine.registry.AccessMasks();
+    EXPECT_EQ(std::vector<uint32_t>(masks.begin() + static_cast<ptrdiff_t>(before), masks.end()),
+              (std::vector<uint32_t>{0x20019, 0x20006, 0x2001F, 0x20219}));
+}
+
+TEST_F(SettingsTest, AUsersKeyThatCannotBeHadIsTriedAgain)
+{
+    machine.registry.Deny(kCurrentUserRoot, kProduct);
+    EXPECT_EQ(settings.GetUserKey(), nullptr);
+    machine.registry.Allow(kCurrentUserRoot, kProduct);
+    EXPECT_NE(settings.GetUserKey(), nullptr);
+}
+
 } // namespace
 } // namespace tv
