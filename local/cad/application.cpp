@@ -134,6 +134,7 @@ SaveOutcome Application::Save(ModelDocument& document, std::u16string_view targe
     // Listeners check the target out or clear the way for it, so they hear of it before the first byte is written.
     const Variant path = Variant::FromText(target);
     document.Events()->Fire(kEventDocumentWritten, std::span<const Variant>(&path, 1));
+    onSaving();
     SaveOutcome outcome = format->route == SaveRoute::Own ? SaveOwn(document, target, extension)
                                                           : SaveByKernel(document, target, extension, items);
     onNote(outcome.Succeeded() ? "saved " + ToUtf8(target) : "save failed: " + outcome.message);

@@ -48,6 +48,8 @@ class Application
     std::function<void(const std::string& line)> onNote = [](const std::string&) {};
     /// Told of what a macro does while it does it.
     std::function<void(const MacroEvent& event)> onMacroEvent = [](const MacroEvent&) {};
+    /// Called when a save has been announced and before its first byte is written.
+    std::function<void()> onSaving = [] {};
     /// Called after the list of documents or an active item changed.
     std::function<void()> onChanged = [] {};
     /// Handle of the main window, 0 for none.

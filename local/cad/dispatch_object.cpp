@@ -1,6 +1,7 @@
 #include "cad/dispatch_object.h"
 
 #include "cad/app_object.h"
+#include "cad/automation_observer.h"
 #include "cad/text.h"
 #include "cad/value_conversion.h"
 #include "com/com_object.h"
@@ -176,6 +177,12 @@ class DispatchObject final : public ComObject<IDispatch, IConnectionPointContain
         std::vector<macro::Value> values;
         for (UINT i = params.cArgs; i > 0; --i) {
             values.push_back(FromVariant(params.rgvarg[i - 1]));
+        }
+        if (AutomationObserver* const observer = CurrentObserver()) {
+            const Result refusal = observer->OnCall(target->ClassName(), name, values);
+            if (refusal < 0) {
+                return refusal;
+            }
         }
         std::vector<macro::Value> handed;
         for (size_t i = 0; i < values.size(); ++i) {

@@ -1,5 +1,7 @@
 #include "cad/event_source.h"
 
+#include "cad/automation_observer.h"
+
 namespace tv::app {
 
 namespace {
@@ -91,6 +93,10 @@ void EventSource::Fire(DISPID event, std::span<const Variant> arguments)
     for (size_t i = arguments.size(); i > 0; --i) {
         reversed.push_back(*arguments[i - 1].get()); // lent for the length of the calls
     }
+    AutomationObserver* const observer = CurrentObserver();
+    if (observer != nullptr) {
+        observer->OnEvent(id, static_cast<int32_t>(event), arguments);
+    }
     // A listener may connect, disconnect or call the application while it handles the event.
     const std::map<ConnectionCookie, ComPtr<IDispatch>> connected = listeners;
     for (const auto& [cookie, listener] : connected) {
@@ -102,6 +108,9 @@ void EventSource::Fire(DISPID event, std::span<const Variant> arguments)
         if (HasGone(result)) {
             listeners.erase(cookie);
         }
+    }
+    if (observer != nullptr) {
+        observer->OnEventDone();
     }
 }
 

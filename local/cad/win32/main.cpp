@@ -2,12 +2,18 @@
 //
 //     TORVANE.EXE [/B | /R]      starts it; automation finds it as "Torvane_PID_%d" in the running object table
 //     TORVANE.EXE /regserver     registers it; /unregserver takes it out again
+//     TORVANE.EXE /faults:TEXT   starts it with faults; docs/torvane-faults.md describes the text
 #include "cad/dispatch_object.h"
+#include "cad/fault_player.h"
 #include "cad/kernel_geometry.h"
 #include "cad/macro_event.h"
 #include "cad/macro_host.h"
 #include "cad/macro_library.h"
+#include "cad/start_options.h"
 #include "cad/text.h"
+#include "cad/transcript_text.h"
+#include "cad_win32/counter_file.h"
+#include "cad_win32/fault_hands.h"
 #include "cad_win32/file_system.h"
 #include "cad_win32/main_window.h"
 #include "cad_win32/native_kernel.h"
@@ -19,6 +25,8 @@
 #include <shellapi.h>
 
 #include <cstdio>
+#include <memory>
+#include <vector>
 
 namespace tv::app {
 
@@ -94,7 +102,75 @@ void PumpMessages()
     }
 }
 
-int RunApplication(int showMode)
+constexpr int kBadCommandLine = 2;
+
+/// The faults of the environment and of the command line. Raises FaultTextError.
+FaultSettings AskedFaults(const StartOptions& options)
+{
+    const std::u16string text = JoinFaults(Units(EnvironmentVariable(L"TORVANE_FAULTS")), options.faults);
+    FaultSettings settings = ParseFaults(ToUtf8(text));
+    if (settings.counterFile.empty()) {
+        settings.counterFile = ToUtf8(Units(EnvironmentVariable(L"TORVANE_FAULT_COUNTER")));
+    }
+    return settings;
+}
+
+std::unique_ptr<FaultCounter> MakeCounter(const FaultSettings& settings)
+{
+    if (settings.counterFile.empty()) {
+        return std::make_unique<MemoryFaultCounter>();
+    }
+    return std::make_unique<CounterFile>(Wide(ToUtf16(settings.counterFile)));
+}
+
+/// Writes a line to the standard error output, if whoever started the program gave it one.
+void TellError(const std::string& line)
+{
+    const std::string text = "TORVANE: " + line + "\r\n";
+    DWORD written = 0;
+    WriteFile(GetStdHandle(STD_ERROR_HANDLE), text.data(), static_cast<DWORD>(text.size()), &written, nullptr);
+    Note("error " + line);
+}
+
+int32_t ShowMessageBox(const Application& application, const std::u16string& prompt, int32_t buttons,
+                       const std::u16string& title)
+{
+    Note("message shown " + QuotedText(ToUtf8(prompt)));
+    const int answer = MessageBoxW(reinterpret_cast<HWND>(application.mainWindow), Wide(prompt).c_str(),
+                                   title.empty() ? L"Torvane" : Wide(title).c_str(), static_cast<UINT>(buttons));
+    Note("message answered " + std::to_string(answer));
+    return answer;
+}
+
+/// Lets the faults happen at the application's steps.
+void ConnectFaults(FaultPlayer& faults, Application& application)
+{
+    application.onSaving = [&faults] { faults.AtSave(); };
+    application.onExit = [&faults, exit = application.onExit] {
+        if (faults.AtExitRequest()) {
+            exit();
+        }
+    };
+}
+
+/// Registers the application and works until it is asked to end.
+void Serve(ObjectContext& context, FaultPlayer& faults)
+{
+    if (!faults.AtStart()) {
+        Note("never registers");
+        PumpMessages();
+        return;
+    }
+    const macro::Ref<macro::Object> object = MakeApplicationObject(context);
+    const ComPtr<IDispatch> automation = DispatchFor(object);
+    const RunningObject registered(automation.get());
+    Note("registered");
+    PumpMessages();
+    faults.AtEnd();
+    context.application.CloseAll();
+}
+
+int RunApplication(const StartOptions& options, const FaultSettings& settings, int showMode)
 {
     const Apartment apartment;
     DiskFileSystem files;
@@ -102,19 +178,26 @@ int RunApplication(int showMode)
     Application application(files, geometry);
     application.onNote = Note;
     application.onMacroEvent = TellMacroEvent;
+    if (!settings.revision.empty()) {
+        application.revision = ToUtf16(settings.revision);
+    }
+    const std::unique_ptr<FaultCounter> counter = MakeCounter(settings);
+    FaultPlan plan(settings.faults, *counter);
+    SystemFaultHands hands(Note);
+    FaultPlayer faults(plan, hands, MajorRevision(application.revision), Note);
+    const ObserverScope observed(faults);
 
     MacroLibrary library;
     ObjectContext context{application, {}};
     MacroHost host(context, files, LocalDays,
                    [&](const std::u16string& prompt, int32_t buttons, const std::u16string& title) {
-                       return static_cast<int32_t>(
-                           MessageBoxW(reinterpret_cast<HWND>(application.mainWindow), Wide(prompt).c_str(),
-                                       title.empty() ? L"Torvane" : Wide(title).c_str(), static_cast<UINT>(buttons)));
+                       return ShowMessageBox(application, prompt, buttons, title);
                    });
     MacroRunner runner(host, library, macro::Limits{});
     context.runMacro = [&](std::u16string_view path, std::u16string_view module, std::u16string_view procedure) {
         Note("macro " + ToUtf8(path) + " " + ToUtf8(procedure));
-        const MacroOutcome outcome = runner.Run(path, module, procedure);
+        const std::optional<MacroOutcome> forced = faults.AtMacro();
+        const MacroOutcome outcome = forced ? *forced : runner.Run(path, module, procedure);
         Note(outcome.succeeded ? "macro done" : "macro failed: " + outcome.message);
         if (!outcome.succeeded) {
             TellMacroEvent({MacroEventKind::Failed, outcome.description.empty() ? outcome.message : outcome.description,
@@ -128,37 +211,37 @@ int RunApplication(int showMode)
         Note("no main window");
         return 1;
     }
+    ConnectFaults(faults, application);
+    Note("started" + (options.way.empty() ? "" : " " + ToUtf8(options.way)));
     try {
-        const macro::Ref<macro::Object> object = MakeApplicationObject(context);
-        const ComPtr<IDispatch> automation = DispatchFor(object);
-        const RunningObject registered(automation.get());
-        Note("started");
-        PumpMessages();
-        application.CloseAll();
+        Serve(context, faults);
     } catch (const ResultError& error) {
-        Note("can't register as a running object: " + std::to_string(error.Code()));
+        Note("can't work as a running object: " + std::to_string(error.Code()));
         return 1;
     }
     Note("ended");
     return 0;
 }
 
-int RunSwitch(const std::wstring& name, int showMode)
+int Start(const StartOptions& options, int showMode)
 {
-    if (_wcsicmp(name.c_str(), L"/regserver") == 0) {
-        return static_cast<int>(Register());
+    if (!options.unknown.empty()) {
+        MessageBoxW(nullptr,
+                    (L"\"" + Wide(options.unknown) +
+                     L"\" is no switch of Torvane. There are /B, /R, /faults:TEXT, /regserver and /unregserver.")
+                        .c_str(),
+                    L"Torvane", MB_ICONERROR);
+        return kBadCommandLine;
     }
-    if (_wcsicmp(name.c_str(), L"/unregserver") == 0) {
-        return static_cast<int>(Unregister());
+    if (options.mode != StartMode::Run) {
+        return static_cast<int>(options.mode == StartMode::Register ? Register() : Unregister());
     }
-    if (name.empty() || _wcsicmp(name.c_str(), L"/B") == 0 || _wcsicmp(name.c_str(), L"/R") == 0 ||
-        _wcsicmp(name.c_str(), L"-Embedding") == 0) {
-        return RunApplication(showMode);
+    try {
+        return RunApplication(options, AskedFaults(options), showMode);
+    } catch (const FaultTextError& error) {
+        TellError(error.what());
+        return kBadCommandLine;
     }
-    MessageBoxW(nullptr,
-                (L"\"" + name + L"\" is no switch of Torvane. There are /B, /R, /regserver and /unregserver.").c_str(),
-                L"Torvane", MB_ICONERROR);
-    return 2;
 }
 
 } // namespace
@@ -169,7 +252,10 @@ int WINAPI wWinMain(HINSTANCE, HINSTANCE, LPWSTR, int showMode)
 {
     int count = 0;
     LPWSTR* arguments = CommandLineToArgvW(GetCommandLineW(), &count);
-    const std::wstring first = arguments != nullptr && count > 1 ? arguments[1] : L"";
+    std::vector<std::u16string> given;
+    for (int i = 1; i < count; ++i) {
+        given.push_back(tv::app::Units(arguments[i]));
+    }
     LocalFree(arguments);
-    return tv::app::RunSwitch(first, showMode);
+    return tv::app::Start(tv::app::ReadStartOptions(given), showMode);
 }
