@@ -1,6 +1,9 @@
 #include "cad/output_names.h"
 
+#include "cad/output_name_texts.h"
 #include "support/texts.h"
+
+#include <algorithm>
 
 namespace tv {
 
@@ -10,9 +13,10 @@ constexpr uint32_t kAll = 2;
 constexpr uint32_t kOneFileEach = 4;
 constexpr uint32_t kNamed = 8;
 
-std::u16string NameOfAll(OutputKind kind)
+std::u16string TextForAll(OutputKind kind)
 {
-    return kind == OutputKind::Sheet ? AddInText(170, u"All sheets") : AddInText(169, u"All configurations");
+    const NameOfAll& row = *std::ranges::find(kNamesOfAll, kind, &NameOfAll::kind);
+    return AddInText(row.key, row.text);
 }
 
 } // namespace
@@ -23,7 +27,7 @@ std::u16string OutputName(const OutputChoice& choice, OutputKind kind, const std
         return name;
     }
     if ((choice.outputs & kAll) != 0) {
-        return NameOfAll(kind);
+        return TextForAll(kind);
     }
     if ((choice.outputs & kNamed) != 0) {
         return choice.named;
