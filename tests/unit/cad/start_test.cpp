@@ -453,4 +453,54 @@ TEST_F(StartTest, EveryFailureOfTheApplicationHasItsNumberAndItsWords)
     EXPECT_EQ(RevisionFailedText(), u"Failed to get Torvane revision number.");
 }
 
+TEST_F(StartTest, AYearBelowZeroHasAClassNameOfItsOwnAndNoOtherClassServes)
+{
+    Configure(1, -1);
+    EXPECT_EQ(manager.StartApplication(), Code(0x800401F3));
+    EXPECT_EQ(machine.log.SubjectsOf("runningObjects.ClassFromProgId"), (Calls{u"Torvane.Application.-1993"}));
+    EXPECT_EQ(manager.LastError(), u"Torvane -1 is not installed.");
+}
+
+TEST_F(StartTest, EachOfTheSixChoicesIsReadFromItsOwnVariable)
+{
+    Configure(1);
+    const auto choices = [this] {
+        const OutputChoice& sheets = manager.SheetChoice();
+        const OutputChoice& configurations = manager.ConfigurationChoice();
+        return std::vector<uint32_t>{sheets.files, sheets.outputs, configurations.files, configurations.outputs};
+    };
+    EXPECT_EQ(choices(), (std::vector<uint32_t>{0, 0, 0, 0}));
+    task->variables.SetInt(u"FileSheets", 1);
+    Configure(1);
+    EXPECT_EQ(choices(), (std::vector<uint32_t>{1, 0, 0, 0}));
+    task->variables.SetInt(u"OutputSheets", 2);
+    Configure(1);
+    EXPECT_EQ(choices(), (std::vector<uint32_t>{1, 2, 0, 0}));
+    task->variables.SetInt(u"FileConfs", 4);
+    Configure(1);
+    EXPECT_EQ(choices(), (std::vector<uint32_t>{1, 2, 4, 0}));
+    task->variables.SetInt(u"OutputConfs", 8);
+    Configure(1);
+    EXPECT_EQ(choices(), (std::vector<uint32_t>{1, 2, 4, 8}));
+    task->variables.SetText(u"NamedSheet", u"S");
+    Configure(1);
+    EXPECT_EQ(manager.SheetChoice().named, u"S");
+    EXPECT_EQ(manager.ConfigurationChoice().named, u"");
+    task->variables.SetText(u"NamedConf", u"C");
+    Configure(1);
+    EXPECT_EQ(manager.SheetChoice().named, u"S");
+    EXPECT_EQ(manager.ConfigurationChoice().named, u"C");
+}
+
+TEST_F(StartTest, APrintAndAScriptTaskReadNoChoice)
+{
+    for (const int32_t kind : {2, 3}) {
+        task->variables.SetInt(u"FileSheets", 4);
+        task->variables.SetText(u"NamedConf", u"C");
+        Configure(kind);
+        EXPECT_EQ(manager.SheetChoice().files, 0u) << kind;
+        EXPECT_EQ(manager.ConfigurationChoice().named, u"") << kind;
+    }
+}
+
 } // namespace tv
