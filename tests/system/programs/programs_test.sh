@@ -322,6 +322,37 @@ heard() {
     cut -d' ' -f4- "$work/heard" | tr -d '\r'
 }
 
+# import_rounds NAME: new files, and one more version each round of a file that others import too.
+import_rounds() {
+    local round
+    for round in 1 2 3 4 5 6; do
+        echo "$1 $round" >"$work/$1/$1$round.txt"
+        echo "$1 $round" >"$work/$1/common.txt"
+        tv import "$(windows_path "$work/$1/$1$round.txt")" "$(windows_path "$work/$1/common.txt")" --to '\Shared'
+    done
+}
+
+SeveralHostsAtOnceLoseNothing() {
+    local -a names=(first second) workers=()
+    local name worker version
+    tv init >/dev/null
+    for name in "${names[@]}"; do
+        mkdir "$work/$name"
+        import_rounds "$name" >"$work/$name.out" 2>&1 &
+        workers+=($!)
+    done
+    for worker in "${workers[@]}"; do
+        wait "$worker" || fail "$(cat "$work"/*.out)"
+    done
+    is "the number of files" "$(tv ls '\Shared' --json | json path | grep -c '\.txt$')" 13
+    is "the latest version of what both imported" "$(version_of '\Shared\common.txt')" 12
+    for version in {1..12}; do
+        tv export '\Shared\common.txt' "$(windows_path "$work/version.$version")" --version "$version" >/dev/null
+    done
+    is "what its versions hold" "$(cat "$work"/version.* | sort | tr '\n' ',')" \
+        "first 1,first 2,first 3,first 4,first 5,first 6,second 1,second 2,second 3,second 4,second 5,second 6,"
+}
+
 AListenerHearsThreeTimesOfANewFileAndOnceMoreBeforeOneIsReplaced() {
     make_vault
     tv task set Export ReplaceOutput=true >/dev/null
