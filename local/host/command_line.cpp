@@ -36,6 +36,7 @@ class CommandLine
         // A slash begins a path here, never an option.
         app.allow_windows_style_options(false);
         app.set_help_all_flag("--help-all", "Show the help of every command");
+        AddCommonOptions(app);
         AddFileCommands();
         AddCheckOutCommands();
         AddCardCommands();
@@ -52,12 +53,18 @@ class CommandLine
     int Run() const { return action(); }
 
   private:
+    /// They may stand before the command or behind it.
+    void AddCommonOptions(CLI::App& command)
+    {
+        command.add_option("--vault", context.vaultFolder, "Folder of the vault")->capture_default_str();
+        command.add_flag("--json", context.json, "Print JSON");
+    }
+
     CLI::App* Command(CLI::App& parent, const std::string& word, const std::string& what, NeedsVault needsVault,
                       std::function<int()> body)
     {
         CLI::App* command = parent.add_subcommand(word, what);
-        command->add_option("--vault", context.vaultFolder, "Folder of the vault")->capture_default_str();
-        command->add_flag("--json", context.json, "Print JSON");
+        AddCommonOptions(*command);
         command->callback([this, command, needsVault, run = std::move(body)] {
             if (!command->get_subcommands().empty()) {
                 return; // "card set": the inner command's own word counts

@@ -27,6 +27,15 @@ TEST_F(FileCommands, InitMakesAVaultOnceAndSaysSoTheSecondTime)
     EXPECT_EQ(Run({"init", "--vault", TextOf(Folder("other")), "--json"}).AsJson()["made"], true);
 }
 
+TEST_F(FileCommands, TheVaultAndTheFormMayBeGivenBeforeTheCommand)
+{
+    EXPECT_EQ(Run({"--vault", TextOf(Folder("before")), "--json", "init"}).AsJson()["made"], true);
+    EXPECT_EQ(Run({"--vault", TextOf(Folder("before")), "ls"}).code, 0);
+    EXPECT_EQ(Run({"--vault", TextOf(Folder("none")), "ls"}).code, 3);
+    // The one behind the command is the later word.
+    EXPECT_EQ(Run({"--vault", TextOf(Folder("none")), "ls", "--vault", TextOf(Folder("before"))}).code, 0);
+}
+
 TEST_F(FileCommands, WithoutAVaultTheExitCodeIsThreeAndTheLineTellsHowToMakeOne)
 {
     const Printed printed = Run({"ls", "--vault", TextOf(Folder("none"))});
