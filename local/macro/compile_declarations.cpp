@@ -123,9 +123,10 @@ void Compiler::DeclareExternals()
             }
             external.entry = Lower(declare.entry);
             external.result = declare.isFunction ? Resolve(declare.result).type : Type::Empty;
+            std::vector<Parameter> parameters = CompileParameters(declare.parameters);
             int32_t index = static_cast<int32_t>(module->externals.size());
             module->externals.push_back(external);
-            externalParameters.push_back(CompileParameters(declare.parameters));
+            externalParameters.push_back(std::move(parameters));
             AddSymbol(declare.name, declare.at, Symbol{SymbolKind::External, index, {}});
         });
     }
