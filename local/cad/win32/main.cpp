@@ -25,6 +25,7 @@
 #include <shellapi.h>
 
 #include <cstdio>
+#include <cwchar>
 #include <memory>
 #include <vector>
 
@@ -65,6 +66,23 @@ void TellMacroEvent(const MacroEvent& event)
     if (!path.empty()) {
         AppendLine(path, WriteMacroEvent(event));
     }
+}
+
+/// The variables of this process. Those that begin with "=" are the shell's own.
+std::vector<std::u16string> EnvironmentEntries()
+{
+    std::vector<std::u16string> entries;
+    wchar_t* const block = GetEnvironmentStringsW();
+    if (block == nullptr) {
+        return entries;
+    }
+    for (const wchar_t* entry = block; *entry != L'\0'; entry += std::wcslen(entry) + 1) {
+        if (*entry != L'=') {
+            entries.push_back(Units(entry));
+        }
+    }
+    FreeEnvironmentStringsW(block);
+    return entries;
 }
 
 double LocalDays()
@@ -189,10 +207,12 @@ int RunApplication(const StartOptions& options, const FaultSettings& settings, i
 
     MacroLibrary library;
     ObjectContext context{application, {}};
-    MacroHost host(context, files, LocalDays,
-                   [&](const std::u16string& prompt, int32_t buttons, const std::u16string& title) {
-                       return ShowMessageBox(application, prompt, buttons, title);
-                   });
+    MacroHost host(
+        context, files, LocalDays,
+        [&](const std::u16string& prompt, int32_t buttons, const std::u16string& title) {
+            return ShowMessageBox(application, prompt, buttons, title);
+        },
+        EnvironmentEntries);
     MacroRunner runner(host, library, macro::Limits{});
     context.runMacro = [&](std::u16string_view path, std::u16string_view module, std::u16string_view procedure) {
         Note("macro " + ToUtf8(path) + " " + ToUtf8(procedure));

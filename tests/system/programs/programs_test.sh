@@ -255,6 +255,12 @@ Saved $(windows_path "$work/out.tvnprt")"
     nothing_runs
 }
 
+AMacroReadsTheEnvironmentOfItsApplication() {
+    local path
+    path=$(macro_file environment.bas 'Sub main()' '  Debug.Print Environ("TV_GREETING")' 'End Sub')
+    is "what Environ tells" "$(TV_GREETING='good day' "$tvtask" macro-run "$path" | head -n 1)" "good day"
+}
+
 AMacroFileThatFailsIsToldWithItsLineAndLeavesNothingBehind() {
     local path code=0
     path=$(macro_file fail.bas 'Sub main()' '  Debug.Print "before"' '  x = "a" + 1' 'End Sub')
@@ -367,6 +373,17 @@ AListenerHearsThreeTimesOfANewFileAndOnceMoreBeforeOneIsReplaced() {
     wait "$listener" || fail "the listener ended with $?"
     is "what is heard of a replaced file" "$(heard)" "$line"$'\n'"$line"$'\n'"$line"$'\n'"$line"
     nothing_is_left
+}
+
+ASecondListenerSaysThatThereIsOne() {
+    listen
+    local code=0
+    "${TVLISTEN:-$root/tools/tvlisten.sh}" >/dev/null 2>"$work/err" || code=$?
+    is "the code" "$code" 1
+    holds "the line" "$(cat "$work/err")" 'is there a tvlisten running already?'
+    kill -INT "$listener"
+    wait "$listener" || fail "the listener ended with $?"
+    holds "the end" "$(cat "$work/listener")" 'Heard 0 messages'
 }
 
 ARunWaitsForAListenerThatDoesNotAnswerAndGoesOnWhenItEnds() {
