@@ -29,18 +29,28 @@ enum class Instance
     Further,
 };
 
+constexpr char kPipeIsTaken[] = "The pipe is another program's; is there a tvlisten running already? End it first.";
+
+/// Wine doesn't refuse a second first instance, so the pipe is looked for too.
+bool IsPipeThere()
+{
+    return WaitNamedPipeW(Wide(kNotificationPipe), 1) || GetLastError() == ERROR_SEM_TIMEOUT;
+}
+
 OwnedHandle MakePipe(Instance instance)
 {
+    if (instance == Instance::First && IsPipeThere()) {
+        throw std::runtime_error(kPipeIsTaken);
+    }
     const DWORD first = instance == Instance::First ? FILE_FLAG_FIRST_PIPE_INSTANCE : 0;
     HANDLE pipe = CreateNamedPipeW(Wide(kNotificationPipe), PIPE_ACCESS_DUPLEX | FILE_FLAG_OVERLAPPED | first,
                                    PIPE_TYPE_MESSAGE | PIPE_READMODE_MESSAGE | PIPE_WAIT | PIPE_REJECT_REMOTE_CLIENTS,
                                    PIPE_UNLIMITED_INSTANCES, kBufferSize, kBufferSize, 0, nullptr);
     if (pipe == INVALID_HANDLE_VALUE) {
         const DWORD error = GetLastError();
-        throw std::runtime_error(
-            error == ERROR_ACCESS_DENIED
-                ? "The pipe is another program's; is there a tvlisten running already? End it first."
-                : "The pipe can't be made (Windows error " + std::to_string(error) + ").");
+        throw std::runtime_error(error == ERROR_ACCESS_DENIED
+                                     ? std::string(kPipeIsTaken)
+                                     : "The pipe can't be made (Windows error " + std::to_string(error) + ").");
     }
     return OwnedHandle(pipe);
 }
