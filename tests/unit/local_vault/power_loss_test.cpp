@@ -4,6 +4,7 @@
 
 #include "vault/error_table.h"
 
+#include <fstream>
 #include <map>
 
 namespace tv::local {
@@ -170,9 +171,18 @@ TEST_F(PowerLoss, WhatCannotBeRemovedOfALostWriteKeepsNobodyOutOfTheVault)
 {
     Make();
     const fs::path lost = Root() / ".quellor" / "temp" / "lost.tmp";
+    const auto yesterday = fs::file_time_type::clock::now() - std::chrono::hours(25);
+#ifdef _WIN32
+    // A file that somebody has open.
+    std::ofstream(lost) << "lost";
+    fs::last_write_time(lost, yesterday);
+    const std::ifstream reader(lost);
+#else
     fs::create_directories(lost / "kept");
-    fs::last_write_time(lost, fs::file_time_type::clock::now() - std::chrono::hours(25));
+    fs::last_write_time(lost, yesterday);
+#endif
     EXPECT_EQ(CodeOf([&] { OpenAs(kAnna); }), 0);
+    EXPECT_TRUE(fs::exists(lost));
 }
 
 TEST_F(PowerLoss, WhileAVaultIsBeingMadeLeavesAFolderThatCanStillBecomeOne)
