@@ -4,6 +4,8 @@
 #include "addin/task_launch.h"
 #include "addin/task_preview.h"
 #include "addin/task_run.h"
+#include "cad/application_class.h"
+#include "cad/installed_versions.h"
 #include "com/bstring.h"
 #include "com/result.h"
 #include "support/task_variables.h"
@@ -157,6 +159,29 @@ Result CTVTaskAddIn::GetMacroText(IVyxVault* vault, IVyxTaskInstance* instance, 
     return AtBoundary([&] {
         *text = AllocateText(PreviewMacro(platform, *vault, *instance, *file));
         return 0;
+    });
+}
+
+Result CTVTaskAddIn::GetStartCommand(int32_t year, int32_t* startedYear, GUID* classId, StartSource* source,
+                                     BStr* commandLine)
+{
+    if (startedYear == nullptr || classId == nullptr || source == nullptr || commandLine == nullptr) {
+        return E_POINTER;
+    }
+    return AtBoundary([&] {
+        GUID found{};
+        StartCommand command;
+        command.requestedVersion = year;
+        if (const Result resolved = ResolveApplicationClass(platform.runningObjects, command.requestedVersion, found);
+            resolved < 0) {
+            return resolved;
+        }
+        command = GetCommandLine(platform.registry, found, command, manager.ForceRegression());
+        *commandLine = AllocateText(std::u16string_view(command.commandLine).substr(0, kLongestCommandLine));
+        *startedYear = command.requestedVersion;
+        *classId = found;
+        *source = command.source;
+        return Result{0};
     });
 }
 

@@ -20,7 +20,7 @@ namespace tv {
 /// addIn->GetAddInInfo(&info, manager);
 /// addIn->OnCmd(&cmd, &data);
 /// \endcode
-class CTVTaskAddIn : public ComObject<IVyxAddIn5, ITVTaskAddIn, ITVTaskPreview>
+class CTVTaskAddIn : public ComObject<IVyxAddIn5, ITVTaskAddIn, ITVTaskPreview, ITVStartPreview>
 {
   public:
     /// \param services borrowed; must outlive the object
@@ -31,6 +31,8 @@ class CTVTaskAddIn : public ComObject<IVyxAddIn5, ITVTaskAddIn, ITVTaskPreview>
 
     Result TV_CALL GetMacroText(IVyxVault* vault, IVyxTaskInstance* instance, const VyxCmdData* file,
                                 BStr* text) override;
+    Result TV_CALL GetStartCommand(int32_t year, int32_t* startedYear, GUID* classId, StartSource* source,
+                                   BStr* commandLine) override;
 
     HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) override;
     HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT index, LCID locale, ITypeInfo** info) override;

@@ -51,13 +51,17 @@ std::u16string ReadDefaultText(RegistryService& registry, std::u16string_view ke
     return std::u16string(buffer.data());
 }
 
-std::u16string FindExecutable(RegistryService& registry, int32_t requestedVersion)
+void TakeExecutableOfSetup(RegistryService& registry, StartCommand& command)
 {
-    std::u16string folder = GetInstallFolder(registry, requestedVersion, kReadView64);
+    command.source = StartSource::Setup64;
+    std::u16string folder = GetInstallFolder(registry, command.requestedVersion, kReadView64);
     if (folder.empty()) {
-        folder = GetInstallFolder(registry, requestedVersion, kReadView32);
+        command.source = StartSource::Setup32;
+        folder = GetInstallFolder(registry, command.requestedVersion, kReadView32);
     }
-    return folder.empty() ? folder : WithoutTrailingBackslashes(folder) + u"\\TORVANE.EXE";
+    if (!folder.empty()) {
+        command.commandLine = WithoutTrailingBackslashes(folder) + u"\\TORVANE.EXE";
+    }
 }
 
 /// The year of a versioned class name; a name with no number behind its last dot gives 1992.
@@ -124,14 +128,16 @@ StartCommand GetCommandLine(RegistryService& registry, const GUID& classId, cons
     StartCommand command = before;
     command.commandLine.clear();
     if (command.requestedVersion != 0) {
-        command.commandLine = FindExecutable(registry, command.requestedVersion);
+        TakeExecutableOfSetup(registry, command);
     }
     if (command.commandLine.empty()) {
         const std::u16string id = GuidText(classId);
+        command.source = StartSource::RegisteredServer;
         command.commandLine = ReadDefaultText(registry, FormatText(kServerKey, id));
         TakeYear(ReadDefaultText(registry, FormatText(kProgIdKey, id)), command.requestedVersion);
     }
     if (command.commandLine.empty()) {
+        command.source = StartSource::None;
         return command;
     }
     const bool forced = IsRegressionForcedBySetting(registry) || forceRegression;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "com/base.h"
+#include "interfaces/addin.h"
 #include "platform/registry_service.h"
 
 #include <string>
@@ -15,12 +16,16 @@ inline constexpr int32_t kYearOfRevisionZero = 1992;
 inline constexpr uint32_t kReadView64 = 0x20119;
 inline constexpr uint32_t kReadView32 = 0x20219;
 
+/// A command line longer than this, in characters, is cut before the system gets it.
+inline constexpr size_t kLongestCommandLine = 259;
+
 /// Command line to start the application with, and what was found on the way.
 struct StartCommand
 {
-    std::u16string commandLine;     ///< empty when no executable is known
-    bool regressionMode = false;    ///< started with " /R" and not " /B"
-    int32_t requestedVersion = 0;   ///< the year, found by the registered class when it was 0
+    std::u16string commandLine;             ///< empty when no executable is known
+    bool regressionMode = false;            ///< started with " /R" and not " /B"
+    int32_t requestedVersion = 0;           ///< the year, found by the registered class when it was 0
+    StartSource source = StartSource::None; ///< where the executable stands
 };
 
 /// Returns the install folder of a product year, empty when there is none.

@@ -103,7 +103,6 @@ class TVManager final : private EventHandler
   private:
     void OnEvent(int32_t event, std::span<const VARIANT> arguments) override;
 
-    Result ResolveClass(GUID& classId);
     bool LaunchAndAttach(const GUID& classId, Result& attached);
     bool AttachToProcess(Result& attached);
     Result PrepareApplication();

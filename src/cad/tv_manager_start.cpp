@@ -1,6 +1,7 @@
 // How the application is started, attached to and hidden.
 #include "cad/tv_manager.h"
 
+#include "cad/application_class.h"
 #include "cad/dispatch_application.h"
 #include "cad/installed_versions.h"
 #include "cad/manager_texts.h"
@@ -12,8 +13,6 @@ namespace tv {
 
 namespace {
 
-constexpr std::u16string_view kClassName = u"Torvane.Application";
-constexpr size_t kCommandLineCapacity = 260;
 constexpr int kMostAttachPasses = 120;
 constexpr uint32_t kAttachInterval = 1000;
 constexpr uint32_t kKilledExitCode = 255;
@@ -32,7 +31,8 @@ Result TVManager::StartApplication()
     lastError.clear();
     application.reset();
     GUID classId{};
-    if (const Result resolved = ResolveClass(classId); resolved < 0) {
+    if (const Result resolved = ResolveApplicationClass(platform.runningObjects, requestedVersion, classId);
+        resolved < 0) {
         lastError = NotInstalledText(requestedVersion);
         return resolved;
     }
@@ -47,22 +47,6 @@ Result TVManager::StartApplication()
     return attached < 0 ? attached : PrepareApplication();
 }
 
-Result TVManager::ResolveClass(GUID& classId)
-{
-    const std::u16string name = requestedVersion == 0
-                                    ? std::u16string(kClassName)
-                                    : FormatText(u"%s.%d", kClassName, requestedVersion - kYearOfRevisionZero);
-    const Result resolved = platform.runningObjects.ClassFromProgId(name, classId);
-    if (resolved >= 0 || requestedVersion <= 0) {
-        return resolved;
-    }
-    const Result unversioned = platform.runningObjects.ClassFromProgId(kClassName, classId);
-    if (unversioned >= 0) {
-        requestedVersion = 0;
-    }
-    return unversioned;
-}
-
 bool TVManager::LaunchAndAttach(const GUID& classId, Result& attached)
 {
     // The application's own start-up may already show a dialog.
@@ -72,7 +56,7 @@ bool TVManager::LaunchAndAttach(const GUID& classId, Result& attached)
     regressionMode = command.regressionMode;
     requestedVersion = command.requestedVersion;
     uint32_t startedId = 0;
-    const std::u16string_view commandLine = std::u16string_view(command.commandLine).substr(0, kCommandLineCapacity - 1);
+    const std::u16string_view commandLine = std::u16string_view(command.commandLine).substr(0, kLongestCommandLine);
     const uint32_t started = platform.processes.Start(commandLine, kShowMinimized, startedId);
     processId = startedId;
     return started == 0 && AttachToProcess(attached);

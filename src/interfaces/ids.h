@@ -73,8 +73,10 @@ TV_IID(IVyxVariableValue, "7d20c6a4-31b7-4e0c-8d5e-9b1f40c7a512");
 // The add-in's own interfaces.
 struct ITVTaskAddIn;
 struct ITVTaskPreview;
+struct ITVStartPreview;
 TV_IID(ITVTaskAddIn, "5a1c7f30-8f0e-4b52-9a44-2f6d1c0a7e20");
 TV_IID(ITVTaskPreview, "5a1c7f30-8f0e-4b52-9a44-2f6d1c0a7e21");
+TV_IID(ITVStartPreview, "5a1c7f30-8f0e-4b52-9a44-2f6d1c0a7e22");
 
 // The CAD application's interfaces and event interfaces.
 struct ITorvane;

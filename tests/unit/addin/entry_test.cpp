@@ -83,6 +83,7 @@ TEST_F(EntryTest, TheObjectAnswersForItsInterfaces)
     ComPtr<ITVTaskAddIn> own;
     ComPtr<IDispatch> dispatch;
     ComPtr<ITVTaskPreview> preview;
+    ComPtr<ITVStartPreview> startPreview;
     ComPtr<IVyxVault> none;
     ComPtr<IUnknown> identity;
     EXPECT_EQ(addIn.As(identity), 0);
@@ -90,6 +91,7 @@ TEST_F(EntryTest, TheObjectAnswersForItsInterfaces)
     EXPECT_EQ(identity.As(own), 0);
     EXPECT_EQ(identity.As(dispatch), 0);
     EXPECT_EQ(identity.As(preview), 0);
+    EXPECT_EQ(identity.As(startPreview), 0);
     EXPECT_EQ(identity.As(none), E_NOINTERFACE);
 }
 

@@ -189,6 +189,18 @@ TEST_F(InstalledVersionsTest, WithNoYearTheRegisteredServerIsTakenWithItsArgumen
     EXPECT_EQ(command.requestedVersion, 2012);
 }
 
+TEST_F(InstalledVersionsTest, TheSourceTellsWhereTheExecutableStands)
+{
+    EXPECT_EQ(Command(2013).source, StartSource::None);
+    machine.registry.PutText(kLocalMachineRoot, kServer, u"", u"C:\\Any\\T.EXE");
+    EXPECT_EQ(Command(2013).source, StartSource::RegisteredServer);
+    PutFolder(u"D:\\CAD32", kKeyView32);
+    EXPECT_EQ(Command(2013).source, StartSource::Setup32);
+    PutFolder(u"C:\\CAD");
+    EXPECT_EQ(Command(2013).source, StartSource::Setup64);
+    EXPECT_EQ(Command(0).source, StartSource::RegisteredServer);
+}
+
 TEST_F(InstalledVersionsTest, TheOfficeNumberIsThatOfTheYearThatTheServerGave)
 {
     machine.registry.PutText(kLocalMachineRoot, kServer, u"", u"C:\\Any\\T.EXE");
