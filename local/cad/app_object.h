@@ -35,6 +35,26 @@ template <typename Class> struct Member
     macro::Value (Class::*call)(macro::InvokeKind kind, macro::Arguments& arguments);
 };
 
+/// The member names of one class, which joins those of all classes when it is made. Lasts as long as the program.
+class MemberNameList
+{
+  public:
+    explicit MemberNameList(std::span<const std::u16string_view> ownNames);
+    MemberNameList(const MemberNameList&) = delete;
+    MemberNameList& operator=(const MemberNameList&) = delete;
+
+    std::span<const std::u16string_view> Names() const { return names; }
+
+  private:
+    friend bool IsMemberOfAnyClass(std::u16string_view name);
+
+    std::span<const std::u16string_view> names;
+    const MemberNameList* next;
+};
+
+/// True when a class of the program's objects has a member of that name, given in small letters.
+bool IsMemberOfAnyClass(std::u16string_view name);
+
 /// Implements the calls of a class whose members stand in `Class::kMembers`, an array of Member<Class>.
 template <typename Class> class TableObject : public AppObject
 {
@@ -51,7 +71,10 @@ template <typename Class> class TableObject : public AppObject
 
     std::u16string ClassName() const override { return std::u16string(Class::kClassName); }
 
-    std::span<const std::u16string_view> MemberNames() const override
+    std::span<const std::u16string_view> MemberNames() const override { return kMemberNames.Names(); }
+
+  private:
+    static std::span<const std::u16string_view> NamesInTable()
     {
         static const auto names = [] {
             std::array<std::u16string_view, std::size(Class::kMembers)> list{};
@@ -62,6 +85,8 @@ template <typename Class> class TableObject : public AppObject
         }();
         return names;
     }
+
+    static inline const MemberNameList kMemberNames{NamesInTable()};
 };
 
 /// Raises error 450 or 438 unless the member is read or called.

@@ -1,6 +1,8 @@
 #include "cad/faults.h"
 
+#include "cad/app_object.h"
 #include "cad/fault_table.h"
+#include "cad/text.h"
 
 #include <algorithm>
 #include <charconv>
@@ -150,6 +152,9 @@ std::string MemberNameOf(std::string_view value)
     }
     if (name.empty()) {
         throw FaultTextError("\"member\" has no value.");
+    }
+    if (!IsMemberOfAnyClass(ToUtf16(name))) {
+        throw FaultTextError("No object of the application has a member " + Quoted(value) + ".");
     }
     return name;
 }

@@ -124,6 +124,32 @@ TEST(FaultText, AMemberIsComparedInSmallLettersAndItsCodeIsAFailure)
     EXPECT_EQ(fault.first, 2);
 }
 
+TEST(FaultText, AMemberOfAnyObjectCanThrowInWhateverLetters)
+{
+    for (const std::string_view member : {"RevisionNumber",
+                                          "SETINTERACTIVE",
+                                          "frame",
+                                          "GetWindowHandle",
+                                          "RunMacro",
+                                          "RunMacroEx",
+                                          "GetFirstDocument",
+                                          "GetNextDocument",
+                                          "GetType",
+                                          "GetFirstModelView",
+                                          "GetNextModelView",
+                                          "GetCurrentSheet",
+                                          "GetViewArrays",
+                                          "GetItems",
+                                          "GetPrintTarget",
+                                          "ConfigurationManager",
+                                          "ActiveConfiguration",
+                                          "Name",
+                                          "SaveAs",
+                                          "ExitApplication"}) {
+        EXPECT_EQ(ErrorOf("throw:member=" + std::string(member) + ",code=0x80004005"), "understood") << member;
+    }
+}
+
 TEST(FaultText, AnEventIsOneNumberOrAny)
 {
     EXPECT_EQ(Only("go-away:event=22").subject, "22");
@@ -183,6 +209,8 @@ TEST(FaultText, WhatIsNotUnderstoodIsRefusedWithItsReason)
         {"throw:code=0x80004005", "The fault \"throw\" needs \"member\"."},
         {"throw:member=a.b,code=0x80004005", "\"a.b\" can't be the name of a member."},
         {"throw:member=,code=0x80004005", "\"member\" has no value."},
+        {"throw:member=SetInteractiv,code=0x80004005", "No object of the application has a member \"SetInteractiv\"."},
+        {"throw:member=RunMacroEx2,code=0x80004005", "No object of the application has a member \"RunMacroEx2\"."},
         {"throw:member=Frame,code=1", "\"code\" takes a number from 2147483648 to 4294967295, and not \"1\"."},
         {"fail-macro:code=256", "\"code\" takes a number from 0 to 255, and not \"256\"."},
         {"fail-macro:code=-1", "\"code\" takes a number from 0 to 255, and not \"-1\"."},
