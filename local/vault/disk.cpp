@@ -7,8 +7,11 @@
 #include "com/base.h"
 
 #include <cerrno>
+#include <chrono>
 #include <cstring>
+#include <functional>
 #include <memory>
+#include <thread>
 #include <vector>
 
 #ifdef _WIN32
@@ -27,10 +30,23 @@ namespace {
 
 constexpr size_t kChunk = 1u << 18;
 
+std::string WhyOf(int error)
+{
+#ifdef _WIN32
+    if (error == EBUSY) {
+        return "another program has it open";
+    }
+    if (error == EACCES) {
+        return "access is denied, or another program has it open";
+    }
+#endif
+    return std::strerror(error);
+}
+
 [[noreturn]] void FailOn(std::string_view what, const fs::path& path, int error)
 {
     const Result code = error == ENOSPC ? kErrorDiskFull : kErrorIo;
-    Fail(code, std::string(what) + " '" + TextOf(path) + "' failed: " + std::strerror(error) + ".");
+    Fail(code, std::string(what) + " '" + TextOf(path) + "' failed: " + WhyOf(error) + ".");
 }
 
 #ifdef _WIN32
@@ -45,11 +61,34 @@ int ErrnoOfSystem()
     case ERROR_HANDLE_DISK_FULL:
         return ENOSPC;
     case ERROR_ACCESS_DENIED:
-    case ERROR_SHARING_VIOLATION:
         return EACCES;
+    case ERROR_SHARING_VIOLATION:
+        return EBUSY;
     default:
         return EIO;
     }
+}
+
+/// How long a file may stay open in another program before it counts as refused.
+constexpr std::chrono::seconds kSharingPatience{2};
+constexpr std::chrono::milliseconds kSharingInterval{5};
+
+/// Tries until no other program has the file open. A file can't be replaced or removed while anybody reads it, be it
+/// another host that compares it or a virus scanner; they are done in a moment. The system tells some of that as a
+/// denied access, so one that is truly denied is told after the patience too.
+bool TryShared(const std::function<bool()>& attempt)
+{
+    const auto deadline = std::chrono::steady_clock::now() + kSharingPatience;
+    while (!attempt()) {
+        const auto error = GetLastError();
+        if ((error != ERROR_ACCESS_DENIED && error != ERROR_SHARING_VIOLATION) ||
+            std::chrono::steady_clock::now() >= deadline) {
+            SetLastError(error);
+            return false;
+        }
+        std::this_thread::sleep_for(kSharingInterval);
+    }
+    return true;
 }
 
 /// A file of the system, open for reading or for writing anew.
@@ -293,7 +332,9 @@ void Disk::Rename(const fs::path& from, const fs::path& to) const
         SetReadOnly(to, false);
     }
     Announce("rename");
-    if (!MoveFileExW(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH)) {
+    if (!TryShared([&] {
+            return MoveFileExW(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0;
+        })) {
         FailOn("Writing", to, ErrnoOfSystem());
     }
 #else
@@ -329,10 +370,15 @@ void Disk::Remove(const fs::path& path) const
         SetReadOnly(path, false);
     }
     Announce("remove file");
-    fs::remove(path, error);
-    if (error) {
-        Fail(kErrorIo, "Removing '" + TextOf(path) + "' failed: " + error.message() + ".");
+#ifdef _WIN32
+    if (!TryShared([&] { return DeleteFileW(path.c_str()) != 0; })) {
+        FailOn("Removing", path, ErrnoOfSystem());
     }
+#else
+    if (::unlink(path.c_str()) != 0) {
+        FailOn("Removing", path, errno);
+    }
+#endif
 }
 
 TemporaryFile::~TemporaryFile()

@@ -295,7 +295,12 @@ ImportedFile FileWork::Import(const fs::path& from, const VaultPath& folderPath,
         store->AddVersion(present->id, content, comment);
     }
     const FileRecord file = store->RequireFile(added ? added->id : present->id);
-    Fetch(file, 0);
+    const Outcome fetched = OutcomeOf([&] { Fetch(file, 0); });
+    if (fetched.code != 0) {
+        Fail(fetched.code, "'" + VaultPathText(path) + "' is in the vault as version " +
+                               std::to_string(file.latestVersion) +
+                               ", but its local copy isn't up to date: " + fetched.words);
+    }
     return {file, added.has_value()};
 }
 

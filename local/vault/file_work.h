@@ -74,7 +74,8 @@ class FileWork
     /// A deleted file comes back to its folder, with its local copy.
     FileRecord Restore(int32_t file);
 
-    /// Takes a file from anywhere on the disk, as a new file or as the next version of the file of that name.
+    /// Takes a file from anywhere on the disk, as a new file or as the next version of the file of that name. When only
+    /// the local copy can't be written, the error says that the version is in the vault.
     ImportedFile Import(const std::filesystem::path& from, const VaultPath& folder, std::string_view comment);
 
     /// Writes the bytes of a version (0 for the latest) to a place outside of the vault.

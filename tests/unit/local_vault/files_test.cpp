@@ -54,6 +54,25 @@ TEST_F(VaultFilesOnDisk, AnImportedFileIsVersionOneAndReadOnlyOnTheDisk)
     EXPECT_EQ(work.LocalPathOf(file), Root() / "Parts" / "screw.step");
 }
 
+TEST_F(VaultFilesOnDisk, AnImportWhoseLocalCopyCanNotBeWrittenSaysThatTheVersionIsThere)
+{
+    StoreOptions options = OptionsOf(kAnna);
+    options.beforeWrite = [count = 0](std::string_view step) mutable {
+        if (step == "write bytes" && ++count == 2) {
+            Fail(kErrorDiskFull, "The disk is full.");
+        }
+    };
+    const auto annas = VaultStore::Open(Root(), options);
+    const fs::path from = Write("from/screw.step", "bytes");
+    EXPECT_EQ(
+        WordsOf([&] { FileWork(annas).Import(from, {"Parts"}, ""); }),
+        "'\\Parts\\screw.step' is in the vault as version 1, but its local copy isn't up to date: The disk is full.");
+    const auto file = store->FindFile({"Parts", "screw.step"});
+    ASSERT_TRUE(file);
+    EXPECT_EQ(BytesOf(store->ContentPath(*store->Version(file->id, 1))), "bytes");
+    EXPECT_EQ(BytesOf(work.Fetch(*file, 0)), "bytes");
+}
+
 TEST_F(VaultFilesOnDisk, ImportingAgainMakesANewVersionOfTheSameFile)
 {
     const FileRecord first = Import(*store, "screw.step", "one");
