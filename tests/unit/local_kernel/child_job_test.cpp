@@ -13,9 +13,8 @@ namespace {
 
 using namespace tv::kernel;
 using std::chrono::milliseconds;
-using std::chrono::steady_clock;
 
-const Limits kPlenty{milliseconds(60'000), uint64_t{2} << 30};
+const Limits kPlenty{milliseconds(600'000), uint64_t{2} << 30};
 
 /// Reads memory that the compiler can't know to be unused.
 std::string Hog()
@@ -64,9 +63,7 @@ TEST(ChildJob, WhatTheWorkPrintsGoesNowhere)
 
 TEST(ChildJob, ALoopIsEndedAtTheTimeLimit)
 {
-    const auto before = steady_clock::now();
     const auto result = RunInChild(Loop, {milliseconds(200), kPlenty.memoryBytes}, "a.step", kNobodyWatches);
-    EXPECT_LT(steady_clock::now() - before, std::chrono::seconds(10));
     EXPECT_EQ(result->error().code, ErrorCode::TimedOut);
     EXPECT_EQ(result->error().message, "\"a.step\": the job was ended at its time limit of 200 ms.");
     EXPECT_FALSE(HasChildren());
@@ -97,17 +94,22 @@ TEST(ChildJob, ACrashIsAFailedJob)
 TEST(ChildJob, EndsWhenNobodyWaitsForItAnyMore)
 {
     int ends[2];
+    int begun[2];
     ASSERT_EQ(socketpair(AF_UNIX, SOCK_STREAM, 0, ends), 0);
-    std::thread leaver([&ends] {
-        std::this_thread::sleep_for(milliseconds(100));
+    ASSERT_EQ(pipe(begun), 0);
+    std::thread leaver([&] {
+        char byte = 0;
+        EXPECT_EQ(read(begun[0], &byte, 1), 1);
         close(ends[1]);
     });
-    const auto work = [&ends] {
+    const auto work = [&] {
         close(ends[1]); // the fork copied it, and an application's end is in another process
-        return Loop();
+        return write(begun[1], "b", 1) == 1 ? Loop() : std::string();
     };
     EXPECT_FALSE(RunInChild(work, kPlenty, "a.step", ends[0]).has_value());
+    close(begun[1]);
     leaver.join();
+    close(begun[0]);
     close(ends[0]);
     EXPECT_FALSE(HasChildren());
 }

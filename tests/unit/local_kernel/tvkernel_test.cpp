@@ -4,9 +4,11 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <csignal>
 #include <fcntl.h>
 #include <fstream>
+#include <functional>
 #include <spawn.h>
 #include <sys/wait.h>
 #include <thread>
@@ -17,6 +19,19 @@ namespace {
 using namespace tv::kernel;
 using namespace tv::kernel::test;
 using std::chrono::milliseconds;
+
+/// False when it isn't so after a minute.
+bool BecomesTrue(const std::function<bool()>& condition)
+{
+    const auto deadline = std::chrono::steady_clock::now() + std::chrono::minutes(1);
+    while (!condition()) {
+        if (std::chrono::steady_clock::now() >= deadline) {
+            return false;
+        }
+        std::this_thread::sleep_for(milliseconds(5));
+    }
+    return true;
+}
 
 class KernelProcess
 {
@@ -33,24 +48,24 @@ class KernelProcess
     {
         KernelClientSettings settings;
         settings.start = [this](const std::vector<std::string>& arguments) { return Start(arguments); };
+        settings.connectWithin = std::chrono::minutes(1);
+        settings.grace = std::chrono::minutes(1);
         return settings;
     }
 
-    pid_t pid() const { return processes.back(); }
+    /// The one started last, 0 before the first. May be asked while another thread starts one.
+    pid_t pid() const { return latest; }
     size_t starts() const { return processes.size(); }
 
-    /// Its exit code, once it has ended by itself; -1 if it hasn't after ten seconds.
+    /// Its exit code, once it has ended by itself; -1 if it hasn't after a minute.
     int WaitForExit()
     {
-        for (int i = 0; i < 1000; i++) {
-            int status = 0;
-            if (waitpid(pid(), &status, WNOHANG) == pid()) {
-                processes.pop_back();
-                return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-            }
-            std::this_thread::sleep_for(milliseconds(10));
+        int status = 0;
+        if (!BecomesTrue([&] { return waitpid(pid(), &status, WNOHANG) == pid(); })) {
+            return -1;
         }
-        return -1;
+        processes.pop_back();
+        return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
     }
 
   private:
@@ -65,11 +80,13 @@ class KernelProcess
         const bool started = posix_spawn(&pid, TV_KERNEL_PROGRAM, nullptr, nullptr, argv.data(), environ) == 0;
         if (started) {
             processes.push_back(pid);
+            latest = pid;
         }
         return started;
     }
 
     std::vector<pid_t> processes;
+    std::atomic<pid_t> latest = 0;
 };
 
 std::vector<pid_t> ChildrenOf(pid_t parent)
@@ -96,15 +113,12 @@ std::string LongJobText()
     return PartText(features);
 }
 
+/// 0 when there is none after a minute.
 pid_t WaitForChildOf(pid_t parent)
 {
-    for (int i = 0; i < 1000; i++) {
-        if (const std::vector<pid_t> children = ChildrenOf(parent); !children.empty()) {
-            return children.front();
-        }
-        std::this_thread::sleep_for(milliseconds(5));
-    }
-    return 0;
+    std::vector<pid_t> children;
+    BecomesTrue([&] { return !(children = ChildrenOf(parent)).empty(); });
+    return children.empty() ? 0 : children.front();
 }
 
 SaveJob SaveTo(const std::string& source, const std::string& target)
@@ -123,12 +137,9 @@ bool IsAlive(pid_t pid)
     return !state.empty() && state != "Z";
 }
 
-bool DiesSoon(pid_t pid)
+bool Dies(pid_t pid)
 {
-    for (int i = 0; i < 1000 && IsAlive(pid); i++) {
-        std::this_thread::sleep_for(milliseconds(10));
-    }
-    return !IsAlive(pid);
+    return BecomesTrue([pid] { return !IsAlive(pid); });
 }
 
 TEST(Tvkernel, ServesJobsOverTheConnection)
@@ -165,16 +176,14 @@ TEST(Tvkernel, EndsWithItsJobWhenTheApplicationGoesAway)
     KernelClient client(settings);
     SaveJob job = SaveTo(folder.Write("long.tvnprt", LongJobText()), folder / "long.step");
     std::thread application([&client, &job] { client.Save(job); });
-    pid_t kernel = 0;
-    while (kernel == 0) {
-        std::this_thread::sleep_for(milliseconds(5));
-        kernel = process.starts() > 0 ? process.pid() : 0;
+    const bool started = BecomesTrue([&process] { return process.pid() != 0; });
+    const pid_t worker = started ? WaitForChildOf(process.pid()) : 0;
+    if (started) {
+        kill(process.pid(), SIGKILL);
     }
-    const pid_t worker = WaitForChildOf(kernel);
-    ASSERT_NE(worker, 0);
-    kill(kernel, SIGKILL);
     application.join();
-    EXPECT_TRUE(DiesSoon(worker));
+    ASSERT_NE(worker, 0);
+    EXPECT_TRUE(Dies(worker));
 }
 
 TEST(Tvkernel, AJobOverItsTimeLimitIsEndedAndTheKernelLivesOn)
@@ -199,7 +208,11 @@ TEST(Tvkernel, AJobThatCrashesIsAnErrorAndTheKernelLivesOn)
     KernelClient client(process.Settings());
     ASSERT_TRUE(client.Start());
     const pid_t kernel = process.pid();
-    std::thread killer([kernel] { kill(WaitForChildOf(kernel), SIGKILL); });
+    std::thread killer([kernel] {
+        if (const pid_t worker = WaitForChildOf(kernel); worker != 0) {
+            kill(worker, SIGKILL);
+        }
+    });
     const auto result = client.Save(SaveTo(folder.Write("long.tvnprt", LongJobText()), folder / "long.step"));
     killer.join();
     ASSERT_FALSE(result);
@@ -216,7 +229,7 @@ TEST(Tvkernel, ThatWasKilledIsReplacedForTheNextJob)
     KernelClient client(process.Settings());
     ASSERT_TRUE(client.Start());
     kill(process.pid(), SIGKILL);
-    ASSERT_TRUE(DiesSoon(process.pid()));
+    ASSERT_TRUE(Dies(process.pid()));
     EXPECT_TRUE(client.Save(SaveTo(Sample("bracket.tvnprt"), folder / "b.step")));
     EXPECT_EQ(process.starts(), 2u);
 }
@@ -224,7 +237,7 @@ TEST(Tvkernel, ThatWasKilledIsReplacedForTheNextJob)
 TEST(TvkernelCommandLine, ConvertsAndTellsWhatItWrote)
 {
     const TemporaryFolder folder;
-    const std::string program = TV_KERNEL_PROGRAM;
+    const std::string program = std::string("'") + TV_KERNEL_PROGRAM + "'";
     const std::string target = folder / "b.stl";
     const std::string output = OutputOf(program + " convert '" + Sample("bracket.tvnprt") + "' '" + target +
                                         "' --configuration Long --option binary=true --option unit=cm 2>&1");
@@ -236,7 +249,7 @@ TEST(TvkernelCommandLine, ConvertsAndTellsWhatItWrote)
 
 TEST(TvkernelCommandLine, ExitCodesTellFailureFromWrongUsage)
 {
-    const std::string program = TV_KERNEL_PROGRAM;
+    const std::string program = std::string("'") + TV_KERNEL_PROGRAM + "'";
     EXPECT_EQ(OutputOf(program + " info /nowhere/a.step 2>&1; echo $?"),
               "tvkernel: The file \"/nowhere/a.step\" is not there. (file-not-found)\n1\n");
     EXPECT_EQ(OutputOf(program + " dance >/dev/null 2>&1; echo $?"), "2\n");

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <future>
 #include <thread>
 
 namespace tv::macro {
@@ -45,12 +46,19 @@ TEST(Limits, TheRunTimeLimitEndsTheRunPastEveryHandler)
 // How soon is measured by the bench; here the run would never end by itself.
 TEST(Limits, AStopEndsALoopThatNoErrorEnds)
 {
-    CompileResult compiled = Compile(u"Sub main()\nOn Error Resume Next\nDo\nFor i = 1 To 10\nNext\nLoop\nEnd Sub");
+    CompileResult compiled = Compile(u"Declare Function Begin Lib \"host\" () As Long\n"
+                                     u"Sub main()\nOn Error Resume Next\nx = Begin()\n"
+                                     u"Do\nFor i = 1 To 10\nNext\nLoop\nEnd Sub");
     ASSERT_TRUE(compiled.module);
     ScriptHost host;
+    std::promise<void> begun;
+    host.functions[{u"host", u"begin"}] = [&](Arguments&) {
+        begun.set_value();
+        return Value(0);
+    };
     Machine machine(host, {});
     std::thread other([&] {
-        std::this_thread::sleep_for(std::chrono::milliseconds(30));
+        begun.get_future().wait();
         machine.RequestStop();
     });
     RunResult result = machine.Run(*compiled.module, u"main");
