@@ -1,0 +1,192 @@
+// The watchdog on the CAD application's own dialogs, while the application hasn't registered yet.
+#include "cad/watchdog.h"
+#include "platform/win32/win32_platform.h"
+#include "support/format.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+
+namespace tv {
+
+namespace {
+
+constexpr ULONGLONG kPatience = 60'000;
+
+class WatchdogOnApplication : public testing::Test
+{
+  protected:
+    void SetUp() override
+    {
+        ASSERT_GE(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED), 0);
+        folder = std::filesystem::temp_directory_path() / ("torvane_watched_" + std::to_string(GetCurrentProcessId()));
+        std::filesystem::create_directory(folder);
+        SetEnvironmentVariableW(L"TORVANE_TRANSCRIPT", Transcript().c_str());
+    }
+
+    void TearDown() override
+    {
+        watchdog.Stop();
+        EndApplication();
+        SetEnvironmentVariableW(L"TORVANE_TRANSCRIPT", nullptr);
+        SetEnvironmentVariableW(L"TORVANE_FAULTS", nullptr);
+        std::filesystem::remove_all(folder);
+        CoUninitialize();
+    }
+
+    std::filesystem::path Transcript() const { return folder / "transcript.txt"; }
+
+    void Launch(const wchar_t* faults)
+    {
+        SetEnvironmentVariableW(L"TORVANE_FAULTS", faults);
+        std::wstring path(32768, L'\0');
+        path.resize(GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size())));
+        const auto program = std::filesystem::path(path).parent_path().parent_path() / "TORVANE.EXE";
+        uint32_t processId = 0;
+        ASSERT_EQ(services.processes.Start(u"\"" + program.u16string() + u"\" /B", kShowMinimized, processId), 0u);
+        process = processId;
+    }
+
+    void EndApplication()
+    {
+        const std::unique_ptr<Process> running =
+            services.processes.Open(process, kProcessTerminate | kProcessReadMemory | kProcessQuery);
+        if (running == nullptr) {
+            return;
+        }
+        running->Terminate(255);
+        const ULONGLONG deadline = GetTickCount64() + kPatience;
+        uint32_t code = kStillActive;
+        while (running->GetExitCode(code) && code == kStillActive && GetTickCount64() < deadline) {
+            services.clock.Sleep(10);
+        }
+        EXPECT_NE(code, kStillActive) << "a process is left";
+    }
+
+    /// The transcript without process ids.
+    std::vector<std::string> Lines() const
+    {
+        std::vector<std::string> lines;
+        std::ifstream file(Transcript(), std::ios::binary);
+        for (std::string line; std::getline(file, line);) {
+            lines.push_back(line.substr(line.find(' ') + 1, line.find('\r') - line.find(' ') - 1));
+        }
+        return lines;
+    }
+
+    bool AwaitLine(const std::string& wanted) const
+    {
+        const ULONGLONG deadline = GetTickCount64() + kPatience;
+        do {
+            const std::vector<std::string> lines = Lines();
+            if (std::find(lines.begin(), lines.end(), wanted) != lines.end()) {
+                return true;
+            }
+            services.clock.Sleep(50);
+        } while (GetTickCount64() < deadline);
+        return false;
+    }
+
+    bool IsRegistered()
+    {
+        ComPtr<IUnknown> object;
+        const std::unique_ptr<RunningObjectTable> table = services.runningObjects.GetTable();
+        return table != nullptr && table->GetObject(FormatText(u"Torvane_PID_%d", process.load()), object) == 0;
+    }
+
+    /// Starts the application with a fault and expects the dialog to be answered so that the application registers.
+    void ExpectAnswered(const wchar_t* fault, const std::string& title, const std::string& answer)
+    {
+        watchdog.Start();
+        Launch(fault);
+        EXPECT_TRUE(AwaitLine("registered"));
+        watchdog.Stop();
+        EXPECT_EQ(Lines(), (std::vector<std::string>{"started /B", "fault dialog at start", "dialog shown " + title,
+                                                     "dialog answered " + title + " " + answer, "registered"}));
+        EXPECT_TRUE(IsRegistered());
+    }
+
+    std::filesystem::path folder;
+    win32::Win32Platform machine{GetModuleHandleW(nullptr)};
+    Platform& services = machine.Get();
+    std::atomic<uint32_t> process{0};
+    Watchdog watchdog{services, process, [] {}};
+};
+
+} // namespace
+
+TEST_F(WatchdogOnApplication, TheSchedulersDialogAtTheStartIsAnsweredByReturnAndNoted)
+{
+    ExpectAnswered(L"scheduler-dialog:at=start", "\"Local Torvane Task Scheduler\"", "return");
+    EXPECT_TRUE(SchedulerDialogSeen());
+}
+
+TEST_F(WatchdogOnApplication, TheErrorBoxAtTheStartIsAnsweredByReturn)
+{
+    ExpectAnswered(L"error-box:at=start", "\"Microsoft Visual Basic\"", "return");
+    EXPECT_FALSE(SchedulerDialogSeen());
+}
+
+TEST_F(WatchdogOnApplication, TheBreakWindowAtTheStartIsClosed)
+{
+    ExpectAnswered(L"break-window:at=start", "\"Microsoft Visual Basic [break] - TVMacro1\"", "close");
+    EXPECT_FALSE(SchedulerDialogSeen());
+}
+
+TEST_F(WatchdogOnApplication, TheChildDialogAtTheStartIsAnsweredByEscape)
+{
+    ExpectAnswered(L"child-dialog:at=start", "\"Formlyn\"", "escape");
+    EXPECT_FALSE(SchedulerDialogSeen());
+}
+
+TEST_F(WatchdogOnApplication, AChildDialogOfAnotherWindowStandsOn)
+{
+    watchdog.Start();
+    Launch(L"child-dialog:at=start,parent=The Torvane");
+    EXPECT_TRUE(AwaitLine("dialog shown \"Formlyn\""));
+    services.clock.Sleep(3000);
+    EXPECT_FALSE(IsRegistered());
+    watchdog.Stop();
+    EXPECT_EQ(Lines(), (std::vector<std::string>{"started /B", "fault dialog at start", "dialog shown \"Formlyn\""}));
+}
+
+TEST_F(WatchdogOnApplication, ADialogThatItDoesNotKnowStandsOn)
+{
+    watchdog.Start();
+    Launch(L"dialog:title='Save; really?',key=return,at=start");
+    EXPECT_TRUE(AwaitLine("dialog shown \"Save; really?\""));
+    services.clock.Sleep(3000);
+    EXPECT_FALSE(IsRegistered());
+    watchdog.Stop();
+    EXPECT_EQ(Lines(),
+              (std::vector<std::string>{"started /B", "fault dialog at start", "dialog shown \"Save; really?\""}));
+}
+
+TEST_F(WatchdogOnApplication, WithoutTheWatchdogTheDialogStandsOn)
+{
+    Launch(L"error-box:at=start");
+    EXPECT_TRUE(AwaitLine("dialog shown \"Microsoft Visual Basic\""));
+    services.clock.Sleep(3000);
+    EXPECT_FALSE(IsRegistered());
+    watchdog.Start();
+    EXPECT_TRUE(AwaitLine("registered"));
+}
+
+TEST_F(WatchdogOnApplication, SeveralDialogsInTurnAreAllAnswered)
+{
+    watchdog.Start();
+    Launch(L"child-dialog:at=start;error-box:at=start;break-window:at=start;scheduler-dialog:at=start");
+    EXPECT_TRUE(AwaitLine("registered"));
+    watchdog.Stop();
+    std::vector<std::string> answers = Lines();
+    std::erase_if(answers, [](const std::string& line) { return !line.starts_with("dialog answered "); });
+    EXPECT_EQ(answers, (std::vector<std::string>{"dialog answered \"Formlyn\" escape",
+                                                 "dialog answered \"Microsoft Visual Basic\" return",
+                                                 "dialog answered \"Microsoft Visual Basic [break] - TVMacro1\" close",
+                                                 "dialog answered \"Local Torvane Task Scheduler\" return"}));
+    EXPECT_TRUE(SchedulerDialogSeen());
+}
+
+} // namespace tv
