@@ -294,6 +294,15 @@ class TorvaneFaults : public testing::Test
         return std::find(lines.begin(), lines.end(), wanted) != lines.end();
     }
 
+    bool AwaitLine(const std::string& wanted)
+    {
+        const ULONGLONG deadline = GetTickCount64() + kPatience;
+        while (!HasLine(wanted) && GetTickCount64() < deadline) {
+            Sleep(50);
+        }
+        return HasLine(wanted);
+    }
+
     std::wstring folder;
     std::wstring transcript;
     std::vector<std::wstring> written;
@@ -389,8 +398,8 @@ TEST_F(TorvaneFaults, AHangOnCloseAnswersTheRequestAndStays)
 {
     Start(L"hang:at=close");
     EXPECT_EQ(Try(L"ExitApplication"), S_OK);
+    EXPECT_TRUE(AwaitLine("fault hang at close"));
     EXPECT_EQ(ExitCode(kAWhile), 259u);
-    EXPECT_TRUE(HasLine("fault hang at close"));
     EXPECT_FALSE(HasLine("ended"));
     application.release(); // nobody would answer the release
 }
@@ -486,7 +495,7 @@ TEST_F(TorvaneFaults, EachDialogStandsUntilItIsAnsweredByItsKey)
         {
             const Helper helper([&] {
                 Press(FindTitle(row.title), row.wrong);
-                Sleep(500);
+                Sleep(500); // for a dialog that would take the wrong key
                 const HWND dialog = FindTitle(row.title, 0);
                 stoodOn = dialog != nullptr;
                 if (row.right == 0) {

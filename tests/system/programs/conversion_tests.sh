@@ -2,14 +2,17 @@
 
 TheApplicationOfARunIsSeenWhileItRuns() {
     make_vault
-    local id seen=""
-    id=$(tv launch Export '\Parts\screw.step')
-    tv run "$id" >/dev/null &
-    while [[ -z $seen && -n $(jobs -r) ]]; do
-        seen=$(processes_of TORVANE.EXE)
-    done
-    wait
-    holds "the list of applications" "$seen" 'TORVANE.EXE'
+    tv task new Wait --kind script >/dev/null
+    printf '%s\r\n' 'Sub main()' "  Do While Dir(\"$(windows_path "$work/go on")\") = \"\"" '  Loop' 'End Sub' \
+        >"$work/wait.bas"
+    tv task script Wait "$(windows_path "$work/wait.bas")" >/dev/null
+    local id
+    id=$(tv launch Wait '\Parts\screw.step')
+    tv run "$id" >"$work/run" &
+    local run=$!
+    wait_until process_of TORVANE.EXE
+    touch "$work/go on"
+    wait "$run" || fail "the run ended with $?: $(cat "$work/run")"
     nothing_is_left
 }
 

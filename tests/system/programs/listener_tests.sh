@@ -2,6 +2,7 @@
 
 # listen OPTION… starts a listener; its messages go to the file heard.
 listen() {
+    rm -f "$work/heard" "$work/listener"
     "${TVLISTEN:-$root/tools/tvlisten.sh}" "$@" >"$work/heard" 2>"$work/listener" &
     listener=$!
     wait_until holds_line "$work/listener" 'Listening on'

@@ -91,10 +91,9 @@ $path:3:3: error: Type mismatch (error 13)
 
 AMacroFileThatDoesNotEndIsEnded() {
     local path code=0
-    path=$(macro_file endless.bas 'Sub main()' '  Debug.Print "on and on"' '  Do: Loop' 'End Sub')
+    path=$(macro_file endless.bas 'Sub main()' '  Do: Loop' 'End Sub')
     "$tvtask" macro-run "$path" --timeout 1 >"$work/out" || code=$?
     is "the code" "$code" 1
-    is "what it printed before" "$(head -n 1 "$work/out")" "on and on"
     holds "the last line" "$(tail -n 1 "$work/out")" "Ended by force after"
     nothing_runs
 }
@@ -108,5 +107,5 @@ TheApplicationOfAMacroFileEndsWithTheHostHoweverThatEnds() {
     holds "the list of applications" "$(processes_of TORVANE.EXE)" 'TORVANE.EXE'
     kill -KILL "$host"
     wait "$host" 2>/dev/null || true
-    wait_until nothing_runs_now
+    nothing_runs
 }

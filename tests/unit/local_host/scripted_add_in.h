@@ -23,6 +23,14 @@ struct HandedCommand
     ComPtr<IVyxTaskInstance> instance;
 };
 
+/// How an add-in would start one version of the application.
+struct ScriptedStart
+{
+    int32_t startedYear = 0;
+    StartSource source = StartSource::None;
+    std::u16string commandLine = {};
+};
+
 class ScriptedComponent final : public Component
 {
   public:
@@ -37,12 +45,16 @@ class ScriptedComponent final : public Component
     /// What the preview gives; a line that names path and version when it is empty.
     std::u16string macro;
     int previews = 0;
+    bool offersStartPreview = true;
+    /// By the year that is asked for, 0 for none in particular. Any other isn't registered.
+    std::map<int32_t, ScriptedStart> starts;
 };
 
 class QuietMachine final : public Machine
 {
   public:
-    int32_t ProcessId() const override { return 77; }
+    /// The real one: files are named after it, and two test programs may run at once.
+    int32_t ProcessId() const override { return MakeMachine()->ProcessId(); }
     bool IsAlive(int32_t process) const override { return process == alive; }
     int EndLeftApplications() override
     {
