@@ -1,6 +1,7 @@
 #include "cad/tv_document.h"
 
 #include "cad/dispatch_application.h"
+#include "cad/event_interfaces.h"
 #include "cad/linked_text.h"
 #include "cad/output_names.h"
 #include "cad/tv_manager.h"
@@ -18,21 +19,6 @@ namespace {
 constexpr int32_t kDrawing = 3;
 constexpr int32_t kConvertTask = 1;
 constexpr int32_t kPrintTask = 2;
-
-constexpr EventDescription kDocumentEvents[] = {{kEventDocumentWritten, 1}, {kEventDocumentGone, 0}};
-
-/// The event interface of each kind of document.
-struct DocumentKind
-{
-    int32_t type;
-    EventInterface events;
-};
-
-constexpr DocumentKind kDocumentKinds[] = {
-    {1, {kInterfaceId<DPartDocEvents>, 1, kDocumentEvents}},
-    {2, {kInterfaceId<DAssemblyDocEvents>, 2, kDocumentEvents}},
-    {3, {kInterfaceId<DDrawingDocEvents>, 3, kDocumentEvents}},
-};
 
 /// A document that lacks the interface that its kind has is no document to record from.
 template <typename Interface>

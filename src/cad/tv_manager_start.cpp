@@ -3,6 +3,7 @@
 
 #include "cad/application_class.h"
 #include "cad/dispatch_application.h"
+#include "cad/event_interfaces.h"
 #include "cad/installed_versions.h"
 #include "cad/manager_texts.h"
 #include "com/bstring.h"
@@ -16,13 +17,6 @@ namespace {
 constexpr int kMostAttachPasses = 120;
 constexpr uint32_t kAttachInterval = 1000;
 constexpr uint32_t kKilledExitCode = 255;
-
-constexpr EventDescription kApplicationEventList[] = {
-    {kEventDocumentOpened, 0},
-    {kEventDocumentActivated, 0},
-    {kEventDocumentLoaded, 0},
-};
-constexpr EventInterface kApplicationEvents{kInterfaceId<DTorvaneEvents>, 0, kApplicationEventList};
 
 } // namespace
 

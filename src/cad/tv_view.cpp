@@ -1,15 +1,9 @@
 #include "cad/tv_view.h"
 
+#include "cad/event_interfaces.h"
 #include "cad/tv_document.h"
 
 namespace tv {
-
-namespace {
-
-constexpr EventDescription kEvents[] = {{kEventPrinted, 0}};
-constexpr EventInterface kModelViewEvents{kInterfaceId<DModelViewEvents>, 4, kEvents};
-
-} // namespace
 
 CTVView::CTVView(CTVDocument& document, ComPtr<IUnknown> modelView, uint16_t revision)
     : owner(document), view(std::move(modelView)), majorRevision(revision)

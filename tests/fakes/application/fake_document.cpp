@@ -146,8 +146,9 @@ std::vector<GUID> EventsOf(int32_t type)
 
 Result FakeModelView::GetNextModelView(ITorvaneModelView** next)
 {
-    *next = ComPtr<FakeModelView>(following).release();
-    return 0;
+    const Result planned = script.Enter(u"GetNextModelView");
+    *next = planned < 0 ? nullptr : ComPtr<FakeModelView>(following).release();
+    return planned;
 }
 
 HRESULT FakeModelView::EnumConnectionPoints(IEnumConnectionPoints** points)

@@ -14,7 +14,9 @@ class FakeApplication;
 class FakeModelView final : public ComObject<ITorvaneModelView, IConnectionPointContainer>
 {
   public:
-    explicit FakeModelView(CallScript& callScript) : events(callScript, {kInterfaceId<DModelViewEvents>}) {}
+    explicit FakeModelView(CallScript& callScript)
+        : events(callScript, {kInterfaceId<DModelViewEvents>}), script(callScript)
+    {}
 
     Result TV_CALL GetNextModelView(ITorvaneModelView** next) override;
     HRESULT STDMETHODCALLTYPE EnumConnectionPoints(IEnumConnectionPoints** points) override;
@@ -22,6 +24,9 @@ class FakeModelView final : public ComObject<ITorvaneModelView, IConnectionPoint
 
     ComPtr<FakeModelView> following;
     EventSource events;
+
+  private:
+    CallScript& script;
 };
 
 /// One text of a drawing view: what it says, and what it is linked to.

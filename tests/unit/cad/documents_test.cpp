@@ -41,7 +41,11 @@ TEST_F(DocumentsTest, OtherEventsOfTheApplicationAreNotTaken)
 {
     ConfigureAndStart(kConvert);
     App().OpenSilently(kPart, u"a");
-    App().Fire(3);
+    for (int32_t event = 0; event <= 50; ++event) {
+        if (event != 7 && event != 12 && event != 22) {
+            EXPECT_EQ(App().Fire(event), std::vector<Result>{0});
+        }
+    }
     EXPECT_EQ(manager.DocumentCount(), 0u);
 }
 
@@ -443,6 +447,124 @@ TEST_F(DocumentsTest, AClosedApplicationTakesItsSinksOffOnce)
     manager.CloseApplication(Waiting::Yes, 0);
     EXPECT_EQ(kept->script.CountOf(u"Advise"), 3);
     EXPECT_EQ(kept->script.CountOf(u"Unadvise"), 3);
+}
+
+TEST_F(DocumentsTest, WhenOneDocumentGoesTheOthersAreStillHeard)
+{
+    ConfigureAndStart(kConvert);
+    FakeDocument& first = App().Open(kPart, u"a");
+    FakeDocument& second = App().Open(kPart, u"b");
+    FakeDocument& third = App().Open(kDrawing, u"c");
+    App().Close(second);
+    EXPECT_EQ(manager.DocumentCount(), 2u);
+    App().Write(first, u"C:\\Vault\\a.step");
+    App().Write(third, u"C:\\Vault\\c.pdf");
+    EXPECT_EQ(outputs.Outputs().size(), 2u);
+}
+
+TEST_F(DocumentsTest, ADocumentThatWentAndIsOpenedAgainIsANewOne)
+{
+    ConfigureAndStart(kConvert);
+    FakeDocument& first = App().Open(kPart, u"a");
+    App().Close(first);
+    FakeDocument& again = App().Open(kPart, u"a");
+    EXPECT_EQ(again.events.SinkCount(), 1u);
+    App().Write(again, u"C:\\Vault\\a.step");
+    EXPECT_EQ(outputs.Outputs().size(), 1u);
+}
+
+TEST_F(DocumentsTest, APrintRunAlsoHearsADocumentThatHasNoView)
+{
+    ConfigureAndStart(kPrint);
+    FakeDocument& document = App().Open(kPart, u"a");
+    EXPECT_EQ(document.events.SinkCount(kInterfaceId<DPartDocEvents>), 1u);
+    App().Write(document, u"C:\\Vault\\a.step");
+    EXPECT_EQ(OnlyOutput().path, u"C:\\Vault\\a.step");
+    EXPECT_FALSE(OnlyOutput().isPrinted);
+}
+
+TEST_F(DocumentsTest, ADocumentWithoutItsInterfaceIsNotTakenInAPrintRun)
+{
+    ConfigureAndStart(kPrint);
+    FakeDocument& document = App().OpenSilently(kPart, u"a");
+    document.AddView();
+    document.withoutTypedInterfaces = true;
+    EXPECT_EQ(manager.RefreshDocuments(), Code(0x80004002));
+    EXPECT_EQ(manager.DocumentCount(), 0u);
+    EXPECT_EQ(document.views[0]->events.SinkCount(), 0u);
+}
+
+TEST_F(DocumentsTest, ADocumentWithoutItsInterfaceIsHeardInAnyOtherRun)
+{
+    for (const int32_t kind : {kConvert, kScript}) {
+        ConfigureAndStart(kind);
+        FakeDocument& document = App().OpenSilently(kPart, u"a");
+        document.withoutTypedInterfaces = true;
+        EXPECT_EQ(manager.RefreshDocuments(), 0);
+        EXPECT_EQ(document.events.SinkCount(), 1u);
+        manager.CloseApplication(Waiting::Yes, 0);
+    }
+}
+
+TEST_F(DocumentsTest, ViewsThatCannotBeListedEndTheAttachingOfTheirDocument)
+{
+    for (const std::u16string name : {u"GetFirstModelView", u"GetNextModelView"}) {
+        ConfigureAndStart(kPrint);
+        FakeDocument& document = App().OpenSilently(kPart, u"a");
+        document.AddView();
+        document.AddView();
+        App().script.OnEveryCall(name).Fail(Code(0x80010001));
+        EXPECT_EQ(manager.RefreshDocuments(), Code(0x80010001)) << testing::PrintToString(name);
+        EXPECT_EQ(manager.DocumentCount(), 0u);
+        EXPECT_EQ(document.events.SinkCount(), 0u);
+        EXPECT_EQ(document.views[0]->events.SinkCount(), 0u);
+        manager.CloseApplication(Waiting::Yes, 0);
+    }
+}
+
+TEST_F(DocumentsTest, APrintedDrawingIsRecordedUnderItsSheetWhateverAConvertTaskChoseBefore)
+{
+    task->variables.SetInt(u"OutputSheets", 2);
+    ConfigureAndStart(kConvert);
+    manager.CloseApplication(Waiting::Yes, 0);
+    ConfigureAndStart(kPrint);
+    FakeDocument& drawing = App().OpenSilently(kDrawing, u"d");
+    drawing.AddView();
+    drawing.sheet = u"Sheet2";
+    drawing.printTarget = u"d on Printer 1";
+    manager.RefreshDocuments();
+    EXPECT_EQ(App().Print(drawing), std::vector<Result>{0});
+    EXPECT_EQ(OnlyOutput().outputConf, u"Sheet2");
+    EXPECT_EQ(OnlyOutput().extra, u"d on Printer 1");
+}
+
+TEST_F(DocumentsTest, APrintWhoseSheetOrConfigurationCannotBeReadIsRecordedUnderNoName)
+{
+    for (const int32_t type : {kPart, kDrawing}) {
+        ConfigureAndStart(kPrint);
+        FakeDocument& document = App().OpenSilently(type, u"a");
+        document.AddView();
+        manager.RefreshDocuments();
+        App().script.OnEveryCall(u"GetActiveConfiguration").Fail(E_FAIL);
+        App().script.OnEveryCall(u"GetCurrentSheet").Fail(E_FAIL);
+        EXPECT_EQ(App().Print(document), std::vector<Result>{0});
+        EXPECT_EQ(OnlyOutput().outputConf, u"");
+        EXPECT_TRUE(OnlyOutput().isPrinted);
+        manager.CloseApplication(Waiting::Yes, 0);
+    }
+}
+
+TEST_F(DocumentsTest, WhatWasAttachedBeforeAnApplicationIsClosedIsHeardNoMore)
+{
+    ConfigureAndStart(kPrint);
+    FakeDocument& document = App().OpenSilently(kPart, u"a");
+    document.AddView();
+    manager.RefreshDocuments();
+    const ComPtr<FakeDocument> kept = ComPtr<FakeDocument>::Share(&document);
+    manager.CloseApplication(Waiting::Yes, 0);
+    EXPECT_TRUE(kept->events.Fire(kInterfaceId<DPartDocEvents>, 7, {Variant::FromText(u"C:\\Vault\\x")}).empty());
+    EXPECT_TRUE(kept->views[0]->events.Fire(kInterfaceId<DModelViewEvents>, 10).empty());
+    EXPECT_TRUE(outputs.Outputs().empty());
 }
 
 } // namespace tv

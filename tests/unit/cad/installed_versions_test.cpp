@@ -397,4 +397,88 @@ TEST_F(InstalledVersionsTest, KeysAreOpenedInThisOrderWithTheseViews)
               (std::vector<std::u16string>{kSetup2013, kSetup2013, kServer, kProgId, kSetup2013, kSetup2013}));
 }
 
+TEST_F(InstalledVersionsTest, EachFolderGetsOneBackslashBeforeTheProgram)
+{
+    struct Row
+    {
+        std::u16string_view folder;
+        std::u16string_view command;
+    };
+    const Row rows[] = {
+        {u"C:\\CAD", u"C:\\CAD\\TORVANE.EXE /B"},
+        {u"C:\\CAD\\", u"C:\\CAD\\TORVANE.EXE /B"},
+        {u"C:\\CAD\\\\\\", u"C:\\CAD\\TORVANE.EXE /B"},
+        {u"C:\\", u"C:\\TORVANE.EXE /B"},
+        {u"\\", u"\\TORVANE.EXE /B"},
+        {u"C:\\CAD/", u"C:\\CAD/\\TORVANE.EXE /B"},
+        {u"\\\\server\\share\\", u"\\\\server\\share\\TORVANE.EXE /B"},
+    };
+    PutOffice(1);
+    for (const Row& row : rows) {
+        PutFolder(std::u16string(row.folder));
+        EXPECT_EQ(Command(2013).commandLine, row.command) << testing::PrintToString(row.folder);
+    }
+}
+
+TEST_F(InstalledVersionsTest, EachYearHasAKeyOfItsOwn)
+{
+    for (const int32_t year : {2012, 2014, 1, -1}) {
+        const std::u16string text = u"SOFTWARE\\Torvane\\Torvane " + std::u16string(year == 2012   ? u"2012"
+                                                                                    : year == 2014 ? u"2014"
+                                                                                    : year == 1    ? u"1"
+                                                                                                   : u"-1");
+        machine.registry.PutText(kLocalMachineRoot, text + u"\\Setup", u"Torvane Folder", text);
+    }
+    EXPECT_EQ(GetInstallFolder(machine.registry, 2012, kReadView64), u"SOFTWARE\\Torvane\\Torvane 2012");
+    EXPECT_EQ(GetInstallFolder(machine.registry, 2014, kReadView64), u"SOFTWARE\\Torvane\\Torvane 2014");
+    EXPECT_EQ(GetInstallFolder(machine.registry, 1, kReadView64), u"SOFTWARE\\Torvane\\Torvane 1");
+    EXPECT_EQ(GetInstallFolder(machine.registry, -1, kReadView64), u"SOFTWARE\\Torvane\\Torvane -1");
+    EXPECT_EQ(GetInstallFolder(machine.registry, 2013, kReadView64), u"");
+}
+
+TEST_F(InstalledVersionsTest, AnOfficeNumberOfAnotherTypeOrSizeIsNone)
+{
+    const fakes::RegistryValue values[] = {
+        {kRegNumberBigEndian, {0, 0, 0, 1}}, {kRegBinary, {1, 0, 0, 0}},
+        {kRegString, {'1', 0, 0, 0}},        {kRegNumber, {1, 0}},
+        {kRegNumber, {1, 0, 0, 0, 0}},       {kRegNumber, {}},
+    };
+    for (const fakes::RegistryValue& value : values) {
+        machine.registry.PutValue(kLocalMachineRoot, kSetup2013, u"Torvane Office Installed", value);
+        EXPECT_EQ(GetOfficeInstalled(machine.registry, 2013, kReadView64), -1) << value.type;
+    }
+}
+
+TEST_F(InstalledVersionsTest, AnOfficeNumberIsReadInTheViewThatIsAskedFor)
+{
+    PutOffice(64);
+    PutOffice(32, kKeyView32);
+    EXPECT_EQ(GetOfficeInstalled(machine.registry, 2013, kReadView64), 64);
+    EXPECT_EQ(GetOfficeInstalled(machine.registry, 2013, kReadView32), 32);
+}
+
+TEST_F(InstalledVersionsTest, AServerWithoutAClassNameLeavesTheYear)
+{
+    machine.registry.PutText(kLocalMachineRoot, kServer, u"", u"C:\\Any\\T.EXE");
+    const StartCommand command = Command(2010);
+    EXPECT_EQ(command.commandLine, u"C:\\Any\\T.EXE /R");
+    EXPECT_EQ(command.requestedVersion, 2010);
+    EXPECT_EQ(Command(0).requestedVersion, 0);
+}
+
+TEST_F(InstalledVersionsTest, AServerThatIsNoTextIsNone)
+{
+    machine.registry.PutNumber(kLocalMachineRoot, kServer, u"", 7);
+    EXPECT_EQ(Command(0).commandLine, u"");
+    machine.registry.PutText(kLocalMachineRoot, kServer, u"", u"");
+    EXPECT_EQ(Command(0).commandLine, u"");
+}
+
+TEST_F(InstalledVersionsTest, AnExpandableServerIsTakenAsItStands)
+{
+    machine.registry.SetEnvironment(u"X", u"Y");
+    machine.registry.PutValue(kLocalMachineRoot, kServer, u"", {kRegExpandString, {'%', 0, 'X', 0, '%', 0, 0, 0}});
+    EXPECT_EQ(Command(0).commandLine, u"%X% /R");
+}
+
 } // namespace tv

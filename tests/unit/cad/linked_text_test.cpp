@@ -65,19 +65,23 @@ class Item final : public ComObject<ITorvaneViewItem>
     }
     Result TV_CALL GetLinkedText(BStr* given) override
     {
-        *given = AllocateText(linkedText);
-        return 0;
+        *given = linkedResult < 0 ? nullptr : AllocateText(linkedText);
+        return linkedResult;
     }
     Result TV_CALL SetLinkedText(const char16_t* given) override
     {
-        linkedText = given;
         ++sets;
-        return 0;
+        if (setResult >= 0) {
+            linkedText = given;
+        }
+        return setResult;
     }
 
     std::u16string text;
     std::u16string linkedText;
     Result result = 0;
+    Result linkedResult = 0;
+    Result setResult = 0;
     int sets = 0;
 };
 
@@ -271,6 +275,77 @@ TEST_F(LinkedTextTest, ThePreferenceIsNumber347)
     cad.Last().Write(drawing, u"C:\\Vault\\d.pdf");
     const std::vector<std::u16string>& calls = cad.Last().script.Calls();
     EXPECT_NE(std::ranges::find(calls, u"GetUserPreferenceToggle(347)"), calls.end());
+}
+
+TEST_F(LinkedTextTest, APreferenceThatCannotBeReadIsRaised)
+{
+    StartInRegression();
+    FakeDocument& drawing = OpenDrawing();
+    cad.Last().script.OnEveryCall(u"GetUserPreferenceToggle").Fail(E_ACCESSDENIED);
+    EXPECT_EQ(cad.Last().Write(drawing, u"C:\\Vault\\d.pdf"), std::vector<Result>{Code(0x80070005)});
+    EXPECT_EQ(drawing.viewItems[0][0].linkedText, u"M6");
+    EXPECT_TRUE(outputs.Outputs().empty());
+}
+
+TEST(LinkedTextArraysTest, EachPairOfTextsIsLinkedOrLeft)
+{
+    struct Row
+    {
+        std::u16string text;
+        std::u16string linkedText;
+        int sets;
+    };
+    const Row rows[] = {
+        {u"", u"", 0},        {u"abc", u"abc", 0}, {u"abc", u"xyz", 0}, {u"abc", u"ABC", 0},  {u"abc", u"abcd", 1},
+        {u"abcd", u"abc", 1}, {u"", u"old", 1},    {u"new", u"", 1},    {u"a b", u"a  b", 1},
+    };
+    for (const Row& row : rows) {
+        const ComPtr<Item> item = MakeObject<Item>(row.text, row.linkedText);
+        const ComPtr<View> view = MakeObject<View>();
+        view->items = MakeArray(Object(item.get()));
+        EXPECT_EQ(RaisedFor(MakeArray(MakeArray(Object(view.get())))), 0);
+        EXPECT_EQ(item->sets, row.sets) << testing::PrintToString(row.text);
+        EXPECT_EQ(item->linkedText, row.sets == 0 ? row.linkedText : row.text);
+    }
+}
+
+TEST(LinkedTextArraysTest, ArraysMayHoldPlainObjects)
+{
+    const ComPtr<Item> item = MakeObject<Item>(u"long", u"x");
+    const ComPtr<View> view = MakeObject<View>();
+    const auto plainArray = [](IUnknown* object) {
+        SafeArray array = SafeArray::Vector(VT_UNKNOWN, 1);
+        {
+            const SafeArrayView<IUnknown*> places(array.get());
+            places[0] = ComPtr<IUnknown>::Share(object).release();
+        }
+        return Variant::FromArray(array.release(), VT_UNKNOWN);
+    };
+    view->items = plainArray(item.get());
+    EXPECT_EQ(RaisedFor(MakeArray(plainArray(view.get()))), 0);
+    EXPECT_EQ(item->linkedText, u"long");
+}
+
+TEST(LinkedTextArraysTest, AnObjectThatIsMissingEndsThePass)
+{
+    EXPECT_EQ(RaisedFor(MakeArray(MakeArray(Object(nullptr)))), Code(0x80004003));
+    const ComPtr<View> view = MakeObject<View>();
+    view->items = MakeArray(Object(nullptr));
+    EXPECT_EQ(RaisedFor(MakeArray(MakeArray(Object(view.get())))), Code(0x80004003));
+}
+
+TEST(LinkedTextArraysTest, ALinkedTextThatCannotBeReadOrSetIsRaised)
+{
+    const ComPtr<Item> item = MakeObject<Item>(u"long", u"x");
+    const ComPtr<View> view = MakeObject<View>();
+    view->items = MakeArray(Object(item.get()));
+    item->linkedResult = Code(0x80070005);
+    EXPECT_EQ(RaisedFor(MakeArray(MakeArray(Object(view.get())))), Code(0x80070005));
+    EXPECT_EQ(item->sets, 0);
+    item->linkedResult = 0;
+    item->setResult = Code(0x80010001);
+    EXPECT_EQ(RaisedFor(MakeArray(MakeArray(Object(view.get())))), Code(0x80010001));
+    EXPECT_EQ(item->sets, 1);
 }
 
 } // namespace tv

@@ -80,6 +80,11 @@ TEST(OutputNamesTest, EveryPairOfMasksHasItsName)
         {4, 15, u"Current", u"Current"},
         {6, 2, u"Current", u"Current"},
         {15, 15, u"Current", u"Current"},
+        {0xFFFFFFFF, 0xFFFFFFFF, u"Current", u"Current"},
+        {0xFFFFFFFB, 0xFFFFFFFF, u"All sheets", u"All configurations"},
+        {0xFFFFFFFB, 0xFFFFFFFD, u"Plan*", u"Plan*"},
+        {0xFFFFFFFB, 0xFFFFFFF5, u"Current", u"Current"},
+        {0xFFFFFFFB, 16, u"Current", u"Current"},
     };
     for (const Row& row : rows) {
         const OutputChoice choice{row.files, row.outputs, u"Plan*"};

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+
 namespace tv {
 namespace {
 
@@ -421,6 +423,110 @@ TEST_F(RegistryTest, ANumberReplacesATextAndATextANumber)
     EXPECT_EQ(number, 3u);
     EXPECT_TRUE(key.WriteString(u"v", u""));
     EXPECT_EQ(machine.registry.Value(kCurrentUserRoot, kPath, u"v"), (fakes::RegistryValue{1, {0, 0}}));
+}
+
+TEST_F(RegistryTest, EachOperationKeepsItsResult)
+{
+    uint32_t number = 0;
+    std::u16string text;
+    char16_t buffer[4] = {};
+    uint32_t size = 4;
+    struct Row
+    {
+        const char* name;
+        std::function<void()> operation;
+        uint32_t result;
+    };
+    const Row rows[] = {
+        {"writes a number", [&] { key.WriteNumber(u"n", 1); }, 0},
+        {"reads no number", [&] { key.ReadNumber(u"missing", number); }, 2},
+        {"reads a number", [&] { key.ReadNumber(u"n", number); }, 0},
+        {"reads a number as a text", [&] { key.ReadString(u"n", text); }, 13},
+        {"writes a text", [&] { key.WriteString(u"t", u"abcd"); }, 0},
+        {"reads a text as a number", [&] { key.ReadNumberOfEitherOrder(u"t", number); }, 13},
+        {"reads a text", [&] { key.ReadString(u"t", text); }, 0},
+        {"reads a text into too small a buffer", [&] { key.ReadStringInto(u"t", buffer, size); }, 234},
+        {"opens a missing key", [&] { key.Open(kCurrentUserRoot, u"Software\\Nothing", kKeyRead); }, 2},
+        {"reads from no key", [&] { key.ReadString(u"t", text); }, 6},
+        {"creates a key", [&] { key.Create(kCurrentUserRoot, u"Software\\New", kKeyRead); }, 0},
+        {"writes where it may only read", [&] { key.WriteString(u"t", u"x"); }, 5},
+        {"closes", [&] { key.Close(); }, 0},
+    };
+    for (const Row& row : rows) {
+        row.operation();
+        EXPECT_EQ(key.LastResult(), row.result) << row.name;
+    }
+}
+
+TEST_F(RegistryTest, EachStoredTextIsReadSo)
+{
+    struct Row
+    {
+        uint32_t type;
+        std::vector<uint8_t> bytes;
+        std::u16string_view text;
+    };
+    machine.registry.SetEnvironment(u"a", u"one");
+    const Row rows[] = {
+        {kRegString, {}, u""},
+        {kRegString, {0}, u""},
+        {kRegString, {0, 0}, u""},
+        {kRegString, {0, 0, 0}, u""},
+        {kRegString, {'x'}, u"x"},
+        {kRegString, {'x', 0}, u"x"},
+        {kRegString, {'x', 0, 'y'}, u"xy"},
+        {kRegString, {'x', 0, 0, 0}, u"x"},
+        {kRegString, {'x', 0, 0, 0, 'y'}, u"x"},
+        {kRegString, {'x', 0, 0, 0, 'y', 0, 0, 0}, u"x"},
+        {kRegString, {0xE4, 0x00, 0x13, 0x20}, u"\u00E4\u2013"},
+        {kRegString, {'%', 0, 'a', 0, '%', 0, 0, 0}, u"%a%"},
+        {kRegExpandString, {}, u""},
+        {kRegExpandString, {'x'}, u"x"},
+        {kRegExpandString, {'%', 0, 'a', 0, '%', 0}, u"one"},
+        {kRegExpandString, {'%', 0, 'a', 0, '%', 0, 0, 0}, u"one"},
+        {kRegExpandString, {'%', 0, 'b', 0, '%', 0, 0, 0}, u"%b%"},
+        {kRegExpandString, {'%', 0, 'a', 0}, u"%a"},
+    };
+    int number = 0;
+    for (const Row& row : rows) {
+        Put(u"t", row.type, row.bytes);
+        std::u16string text = u"old";
+        EXPECT_TRUE(key.ReadString(u"t", text)) << number;
+        EXPECT_EQ(text, row.text) << number;
+        ++number;
+    }
+}
+
+TEST_F(RegistryTest, EachStoredTextIsReadIntoABufferSo)
+{
+    struct Row
+    {
+        uint32_t type;
+        std::vector<uint8_t> bytes;
+        uint32_t result;
+        uint32_t size;
+    };
+    const Row rows[] = {
+        {kRegString, {}, 0, 0},
+        {kRegString, {0, 0}, 0, 1},
+        {kRegString, {'x', 0, 0, 0}, 0, 2},
+        {kRegString, {'x', 0, 'y', 0, 0, 0}, 0, 3},
+        {kRegExpandString, {'%', 0, 0, 0}, 0, 2},
+        {kRegString, {0}, 13, 0},
+        {kRegString, {'x', 0}, 13, 0},
+        {kRegString, {'x', 0, 0}, 13, 0},
+        {kRegString, {'x', 0, 'y', 0, 'z', 0}, 13, 0},
+        {kRegString, {'x', 0, 'y', 0, 'z', 0, 0, 0}, 234, 0},
+    };
+    int number = 0;
+    for (const Row& row : rows) {
+        Put(u"t", row.type, row.bytes);
+        char16_t buffer[3] = {};
+        uint32_t size = 3;
+        EXPECT_EQ(key.ReadStringInto(u"t", buffer, size), row.result) << number;
+        EXPECT_EQ(size, row.size) << number;
+        ++number;
+    }
 }
 
 } // namespace

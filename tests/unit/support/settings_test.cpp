@@ -264,7 +264,7 @@ TEST_F(SettingsTest, OtherModesFail)
 {
     PutMachine(u"DateFmt", 1);
     PutUser(u"DateFmt", 2);
-    for (const uint32_t mode : {0u, 3u, 16u, 255u}) {
+    for (const uint32_t mode : {0u, 3u, 5u, 6u, 7u, 9u, 10u, 12u, 16u, 32u, 64u, 128u, 255u}) {
         EXPECT_FALSE(OpenVault(mode)) << mode;
     }
 }
@@ -378,6 +378,102 @@ TEST_F(SettingsTest, AUsersKeyThatCannotBeHadIsTriedAgain)
     EXPECT_EQ(settings.GetUserKey(), nullptr);
     machine.registry.Allow(kCurrentUserRoot, kProduct);
     EXPECT_NE(settings.GetUserKey(), nullptr);
+}
+
+TEST_F(SettingsTest, EachBranchIsCreatedWhereItStands)
+{
+    for (const BranchRow& row : kExpectedBranches) {
+        fakes::FakePlatform other;
+        other.registry.AddKey(kLocalMachineRoot, kProduct);
+        SettingsLight ours(other.registry);
+        Registry branch(other.registry);
+        EXPECT_TRUE(ours.OpenStandardKey(row.kind, branch, MissingKey::Create, kOpenForReading));
+        for (const BranchRow& any : kExpectedBranches) {
+            EXPECT_EQ(other.registry.KeyExists(any.root, any.path), any.kind == row.kind)
+                << static_cast<uint32_t>(row.kind) << ' ' << static_cast<uint32_t>(any.kind);
+        }
+    }
+}
+
+TEST_F(SettingsTest, EachSetOfFlagsHasItsAccessOnEachSide)
+{
+    struct Row
+    {
+        uint32_t flags;
+        uint32_t machineAccess;
+        uint32_t userAccess;
+    };
+    const Row rows[] = {
+        {0x000, 0x00000, 0x00000}, {0x100, 0x20019, 0x20019}, {0x200, 0x20006, 0x20006}, {0x300, 0x2001F, 0x2001F},
+        {0x400, 0x00200, 0x00000}, {0x500, 0x20219, 0x20019}, {0x600, 0x20206, 0x20006}, {0x700, 0x2021F, 0x2001F},
+        {0x800, 0x00000, 0x00000}, {0x1ff, 0x20019, 0x20019},
+    };
+    machine.registry.AddKey(kLocalMachineRoot, Below(u"Databases"));
+    machine.registry.AddKey(kCurrentUserRoot, Below(u"Vaults"));
+    for (const Row& row : rows) {
+        settings.OpenStandardKey(StandardKey::MachineDatabases, key, MissingKey::Fail, row.flags);
+        EXPECT_EQ(machine.registry.AccessMasks().back(), row.machineAccess) << row.flags;
+        settings.OpenStandardKey(StandardKey::UserVaults, key, MissingKey::Fail, row.flags);
+        EXPECT_EQ(machine.registry.AccessMasks().back(), row.userAccess) << row.flags;
+    }
+}
+
+TEST_F(SettingsTest, AVaultsKeyOfTheUserIsOpenedWithTheAccessOfTheFlagsAndInNoView)
+{
+    PutUser(u"DateFmt", 2);
+    for (const auto& [flags, access] : {std::pair{0x102u, 0x20019u},
+                                        {0x202u, 0x20006u},
+                                        {0x302u, 0x2001Fu},
+                                        {0x502u, 0x20019u},
+                                        {0x702u, 0x2001Fu}}) {
+        EXPECT_TRUE(settings.OpenVaultKey(u"Design", key, u"", MissingKey::Fail, flags));
+        EXPECT_EQ(machine.registry.AccessMasks().back(), access) << flags;
+    }
+}
+
+TEST_F(SettingsTest, WithoutAValueNameEveryModeTakesTheFirstKeyThatOpens)
+{
+    struct Row
+    {
+        uint32_t mode;
+        bool hasMachine;
+        bool hasUser;
+        uint32_t found; ///< 1 the machine's key, 2 the user's, 0 none
+    };
+    const Row rows[] = {
+        {1, false, false, 0}, {1, false, true, 0}, {1, true, false, 1}, {1, true, true, 1},
+        {2, false, false, 0}, {2, false, true, 2}, {2, true, false, 0}, {2, true, true, 2},
+        {4, false, false, 0}, {4, false, true, 2}, {4, true, false, 1}, {4, true, true, 1},
+        {8, false, false, 0}, {8, false, true, 2}, {8, true, false, 1}, {8, true, true, 2},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(testing::Message() << row.mode << ' ' << row.hasMachine << ' ' << row.hasUser);
+        fakes::FakePlatform other;
+        other.registry.AddKey(kLocalMachineRoot, kProduct);
+        if (row.hasMachine) {
+            other.registry.PutNumber(kLocalMachineRoot, Below(u"Databases\\Design"), u"V", 1);
+        }
+        if (row.hasUser) {
+            other.registry.PutNumber(kCurrentUserRoot, Below(u"Vaults\\Design"), u"V", 2);
+        }
+        SettingsLight ours(other.registry);
+        Registry vault(other.registry);
+        EXPECT_EQ(ours.OpenVaultKey(u"Design", vault, u"", MissingKey::Fail, row.mode | 0x100), row.found != 0);
+        uint32_t number = 0;
+        vault.ReadNumber(u"V", number);
+        EXPECT_EQ(number, row.found);
+    }
+}
+
+TEST_F(SettingsTest, AVaultsKeyIsThatOfItsNameAlone)
+{
+    PutUser(u"DateFmt", 2);
+    machine.registry.PutNumber(kCurrentUserRoot, Below(u"Vaults\\Other"), u"DateFmt", 3);
+    ASSERT_TRUE(settings.OpenVaultKey(u"Other", key, u"DateFmt", MissingKey::Fail, 770));
+    EXPECT_EQ(Value(), 3u);
+    ASSERT_TRUE(settings.OpenVaultKey(u"DESIGN", key, u"DateFmt", MissingKey::Fail, 770));
+    EXPECT_EQ(Value(), 2u);
+    EXPECT_FALSE(settings.OpenVaultKey(u"Desig", key, u"DateFmt", MissingKey::Fail, 770));
 }
 
 } // namespace
