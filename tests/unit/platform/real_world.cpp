@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <sddl.h>
+
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -100,6 +102,17 @@ void RealWorld::SetEnvironment(std::u16string_view name, std::u16string_view val
     SetEnvironmentVariableW(Wide(std::u16string(name)), Wide(std::u16string(value)));
 }
 
+void RealWorld::SetAccess(const wchar_t* description)
+{
+    HKEY key = nullptr;
+    ASSERT_EQ(RegOpenKeyExW(HKEY_CURRENT_USER, Wide(RegistryPath()), 0, WRITE_DAC, &key), ERROR_SUCCESS);
+    PSECURITY_DESCRIPTOR access = nullptr;
+    EXPECT_TRUE(ConvertStringSecurityDescriptorToSecurityDescriptorW(description, SDDL_REVISION_1, &access, nullptr));
+    EXPECT_EQ(RegSetKeySecurity(key, DACL_SECURITY_INFORMATION, access), ERROR_SUCCESS);
+    LocalFree(access);
+    RegCloseKey(key);
+}
+
 std::u16string RealWorld::PipeName() const
 {
     return FormatText(u"\\\\.\\pipe\\contract_%u", static_cast<uint32_t>(GetCurrentProcessId()));
@@ -118,7 +131,8 @@ std::u16string RealWorld::LongRunningCommand() const
 {
     wchar_t program[MAX_PATH];
     GetModuleFileNameW(nullptr, program, MAX_PATH);
-    return FormatText(u"\"%s\" --gtest_also_run_disabled_tests --gtest_filter=Child.DISABLED_Sleeps",
+    return FormatText(u"\"%s\" --gtest_also_run_disabled_tests --gtest_filter=Child.DISABLED_Sleeps "
+                      u"--gtest_output=",
                       reinterpret_cast<const char16_t*>(program));
 }
 
@@ -154,10 +168,10 @@ std::u16string RealWorld::InstallProduct(std::u16string_view name)
     return products.Add(name);
 }
 
-/// Played by a second process of this program.
+/// Played by a second process of this program, until it is ended; by itself only if nobody is left to do that.
 TEST(Child, DISABLED_Sleeps)
 {
-    ::Sleep(20000);
+    ::Sleep(300'000);
 }
 
 } // namespace tv

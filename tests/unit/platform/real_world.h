@@ -26,6 +26,9 @@ class RealWorld
     bool MayWriteReadOnly(std::u16string_view path);
     void SetEnvironment(std::u16string_view name, std::u16string_view value);
     std::u16string RegistryPath() const { return u"Software\\TorvaneContract"; }
+    /// Lets nobody read or write that key of the current user.
+    void DenyRegistryPath() { SetAccess(L"D:P(D;;0x1F;;;WD)(A;;KA;;;WD)"); }
+    void AllowRegistryPath() { SetAccess(L"D:P(A;;KA;;;WD)"); }
     std::u16string PipeName() const;
     /// Answers the first message with itself, on a thread of its own.
     void ListenForOneMessage();
@@ -39,6 +42,9 @@ class RealWorld
     void UseRealThreads() {}
 
   private:
+    /// Gives that key the access that a text of the system's security language describes.
+    void SetAccess(const wchar_t* description);
+
     win32::Win32Platform machine;
     std::u16string folder;
     std::thread server;

@@ -27,6 +27,9 @@ class FakeWorld
         machine.registry.SetEnvironment(name, value);
     }
     std::u16string RegistryPath() const { return u"Software\\TorvaneContract"; }
+    /// Lets nobody read or write that key of the current user.
+    void DenyRegistryPath() { machine.registry.Deny(kCurrentUserRoot, RegistryPath()); }
+    void AllowRegistryPath() { machine.registry.Allow(kCurrentUserRoot, RegistryPath()); }
     std::u16string PipeName() const { return u"\\\\.\\pipe\\contract"; }
     /// Answers each message with itself.
     void ListenForOneMessage()
