@@ -5,8 +5,22 @@ tvtask=${TVTASK:-$root/tools/tvtask.sh}
 source "$root/cmake/wine_env.sh"
 
 work=$(mktemp -d)
-# What a failed test left running would fail the next ones too.
-trap 'kill -KILL $(jobs -p) 2>/dev/null; chmod -R u+w "$work"; rm -rf "$work"' EXIT
+# Commands that undo what the test changed outside of its folder.
+at_end=()
+
+# Ends with the test's own code. What a failed test left running would fail the next ones too.
+clean_up() {
+    local code=$? command
+    set +e
+    kill -KILL $(jobs -p) 2>/dev/null
+    for command in "${at_end[@]}"; do
+        "$command"
+    done
+    chmod -R u+w "$work"
+    rm -rf "$work"
+    exit "$code"
+}
+trap clean_up EXIT
 
 windows_path() {
     local path
