@@ -10,10 +10,10 @@
 #include <map>
 #include <random>
 #include <sstream>
+#include <thread>
 
 #include <csignal>
 #include <fcntl.h>
-#include <poll.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -22,7 +22,6 @@ namespace tv::local {
 namespace {
 
 namespace fs = std::filesystem;
-using Clock = std::chrono::steady_clock;
 
 constexpr char kVaultVariable[] = "TV_KILLED_WRITER_VAULT";
 constexpr char kJournalVariable[] = "TV_KILLED_WRITER_JOURNAL";
@@ -30,7 +29,8 @@ constexpr char kSeedVariable[] = "TV_KILLED_WRITER_SEED";
 
 constexpr int kKills = 200;
 constexpr int kKillsOfOneVault = 20;
-constexpr auto kLongestLife = std::chrono::microseconds(40'000);
+constexpr int kMostLines = 100;
+constexpr auto kLongestWait = std::chrono::microseconds(2'000);
 constexpr const char* kNames[] = {"a.stl", "b.stl", "c.stl", "d.stl", "e.stl"};
 constexpr char kCardVariable[] = "Number";
 
@@ -311,7 +311,7 @@ class KilledWorker
             ::close(ends[0]);
             ::execl("/usr/bin/env", "env", vault.c_str(), handle.c_str(), number.c_str(), scratch.c_str(),
                     program.c_str(), "--gtest_filter=KilledWriter.DoesWhatItReportsAsLongAsItLives", "--gtest_brief=1",
-                    static_cast<char*>(nullptr));
+                    "--gtest_output=", static_cast<char*>(nullptr));
             ::_exit(127);
         }
         ::close(ends[1]);
@@ -321,21 +321,18 @@ class KilledWorker
     KilledWorker& operator=(const KilledWorker&) = delete;
     ~KilledWorker() { ::close(reader); }
 
-    /// Lets the worker begin its work, and kills it that long after.
-    void KillAfter(std::chrono::microseconds life)
+    /// Kills the worker when it has told that many lines and a moment more has passed. Counted in lines, because how
+    /// far a worker gets in a time is another thing on each machine.
+    void KillAfter(int lines, std::chrono::microseconds moment)
     {
-        while (Read(-1) && journal.find("begin") == std::string::npos) {
+        while (std::count(journal.begin(), journal.end(), '\n') <= lines && Read()) {
         }
-        const auto end = Clock::now() + life;
-        for (auto left = life; left.count() > 0;
-             left = std::chrono::duration_cast<std::chrono::microseconds>(end - Clock::now())) {
-            Read(left.count());
-        }
+        std::this_thread::sleep_for(moment);
         ::kill(process, SIGKILL);
         int status = 0;
         ::waitpid(process, &status, 0);
         EXPECT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL) << "The worker ended by itself: " << journal;
-        while (Read(-1)) {
+        while (Read()) {
         }
     }
 
@@ -343,13 +340,8 @@ class KilledWorker
 
   private:
     /// False at the journal's end.
-    bool Read(int64_t microseconds)
+    bool Read()
     {
-        pollfd waiting{reader, POLLIN, 0};
-        const timespec time{microseconds / 1'000'000, microseconds % 1'000'000 * 1000};
-        if (::ppoll(&waiting, 1, microseconds < 0 ? nullptr : &time, nullptr) <= 0) {
-            return true;
-        }
         char buffer[4096];
         const ssize_t count = ::read(reader, buffer, sizeof buffer);
         journal.append(buffer, count > 0 ? static_cast<size_t>(count) : 0);
@@ -462,9 +454,10 @@ TEST_F(KilledWriter, LosesNothingThatItReportedAndLeavesNothingHalfDone)
             MakeVault();
             promised = StateOf(*OpenAs(kAnna));
         }
-        const auto life = std::chrono::microseconds(random() % kLongestLife.count());
+        const int lines = static_cast<int>(random() % kMostLines);
+        const auto moment = std::chrono::microseconds(random() % kLongestWait.count());
         KilledWorker worker(Root(), static_cast<unsigned>(random() % 1'000'000));
-        worker.KillAfter(life);
+        worker.KillAfter(lines, moment);
         VaultState before = promised;
         std::string lastStep;
         const auto open = Follow(worker.Journal(), before, lastStep);
