@@ -163,6 +163,18 @@ bool VaultStore::Exists(const fs::path& root)
     return Disk::IsFile(DatabaseFile(NormalRoot(root)));
 }
 
+int VaultStore::SchemaVersion(const fs::path& givenRoot, StoreOptions options)
+{
+    VaultStore store(NormalRoot(givenRoot), false, std::move(options));
+    return SchemaVersionOf(store.database);
+}
+
+std::vector<fs::path> VaultStore::Folders(const fs::path& givenRoot)
+{
+    const fs::path root = NormalRoot(givenRoot);
+    return {root, PrivateFolder(root), ContentFolder(root), TemporaryFolder(root)};
+}
+
 VaultStore::VaultStore(const fs::path& rootFolder, bool create, StoreOptions given)
     : root(rootFolder), options(std::move(given)), disk(options.beforeWrite),
       database(DatabaseFile(rootFolder), create, disk, options.patience)

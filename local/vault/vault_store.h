@@ -90,6 +90,11 @@ class VaultStore
     /// Raises E_VYX_DATABASE_ACCESS where no vault stands, E_VYX_VERSION_MISMATCH for one of a later program.
     static std::shared_ptr<VaultStore> Open(const std::filesystem::path& root, StoreOptions options = {});
     static bool Exists(const std::filesystem::path& root);
+    /// Version of the tables of the vault that stands there, which stay as they are; 0 for a vault that was never
+    /// finished. Raises E_VYX_DATABASE_ACCESS when they can't be read.
+    static int SchemaVersion(const std::filesystem::path& root, StoreOptions options = {});
+    /// The folders that the programs write into: the local view first, then the vault's own.
+    static std::vector<std::filesystem::path> Folders(const std::filesystem::path& root);
 
     VaultStore(const std::filesystem::path& root, bool create, StoreOptions options);
 
