@@ -20,37 +20,14 @@ std::wstring EnvironmentVariable(const wchar_t* name)
     return value;
 }
 
-std::wstring FolderOfThisProgram()
-{
-    std::wstring path(32768, L'\0');
-    path.resize(GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size())));
-    return path.substr(0, path.find_last_of(L'\\') + 1);
-}
-
 bool IsFile(const std::wstring& path)
 {
     const DWORD attributes = GetFileAttributesW(path.c_str());
     return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
 }
 
-std::wstring FindKernel()
+bool StartKernel(const std::wstring& kernel, const std::vector<std::string>& arguments)
 {
-    const std::wstring named = EnvironmentVariable(L"TVKERNEL");
-    if (!named.empty()) {
-        return named;
-    }
-    for (const wchar_t* name : {L"tvkernel.exe", L"tvkernel"}) {
-        const std::wstring beside = FolderOfThisProgram() + name;
-        if (IsFile(beside)) {
-            return beside;
-        }
-    }
-    return {};
-}
-
-bool StartKernel(const std::vector<std::string>& arguments)
-{
-    const std::wstring kernel = FindKernel();
     if (kernel.empty()) {
         return false;
     }
@@ -76,10 +53,34 @@ bool StartKernel(const std::vector<std::string>& arguments)
 
 } // namespace
 
-kernel::KernelClientSettings NativeKernelSettings()
+std::wstring FolderOfThisProgram()
+{
+    std::wstring path(32768, L'\0');
+    path.resize(GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size())));
+    return path.substr(0, path.find_last_of(L'\\'));
+}
+
+std::wstring FindKernel(const std::wstring& folder)
+{
+    const std::wstring named = EnvironmentVariable(L"TVKERNEL");
+    if (!named.empty()) {
+        return named;
+    }
+    for (const wchar_t* name : {L"\\tvkernel.exe", L"\\tvkernel"}) {
+        const std::wstring beside = folder + name;
+        if (IsFile(beside)) {
+            return beside;
+        }
+    }
+    return {};
+}
+
+kernel::KernelClientSettings NativeKernelSettings(const std::wstring& folder)
 {
     kernel::KernelClientSettings settings;
-    settings.start = StartKernel;
+    settings.start = [folder](const std::vector<std::string>& arguments) {
+        return StartKernel(FindKernel(folder), arguments);
+    };
     return settings;
 }
 

@@ -7,9 +7,14 @@
 
 namespace tv::app {
 
-/// Starts the program that the environment variable TVKERNEL names, or "tvkernel" beside this program. The settings of
-/// a client that does so.
-kernel::KernelClientSettings NativeKernelSettings();
+/// The folder of this program, without a backslash at its end.
+std::wstring FolderOfThisProgram();
+
+/// The program that the environment variable TVKERNEL names, or "tvkernel" in the application's folder; empty for none.
+std::wstring FindKernel(const std::wstring& folder);
+
+/// The settings of a client that starts this program.
+kernel::KernelClientSettings NativeKernelSettings(const std::wstring& folder = FolderOfThisProgram());
 
 /// A Windows path (UTF-8) as the system that the kernel runs on writes it.
 std::string NativePath(const std::string& path);
