@@ -8,4 +8,15 @@ source "$root/cmake/wine_env.sh"
 # pipe open after the task host has ended.
 "$TV_WINE" cmd /c exit >/dev/null 2>&1 </dev/null
 
+# So does an application that stays: what the command that starts one prints goes through files.
+if [[ " $* " == *" app start "* ]]; then
+    printed=$(mktemp -d)
+    code=0
+    "$TV_WINE" "$root/build/windows/bin/tvtask.exe" "$@" >"$printed/out" 2>"$printed/err" </dev/null || code=$?
+    cat "$printed/out"
+    cat "$printed/err" >&2
+    rm -rf "$printed"
+    exit "$code"
+fi
+
 exec "$TV_WINE" "$root/build/windows/bin/tvtask.exe" "$@"

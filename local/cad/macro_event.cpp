@@ -15,10 +15,8 @@ struct KindName
 };
 
 constexpr KindName kKinds[] = {
-    {MacroEventKind::Printed, "printed"},
-    {MacroEventKind::Saved, "saved"},
-    {MacroEventKind::Asked, "asked"},
-    {MacroEventKind::Failed, "failed"},
+    {MacroEventKind::Began, "began"}, {MacroEventKind::Printed, "printed"}, {MacroEventKind::Saved, "saved"},
+    {MacroEventKind::Asked, "asked"}, {MacroEventKind::Failed, "failed"},
 };
 
 } // namespace

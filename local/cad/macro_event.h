@@ -14,6 +14,7 @@ inline constexpr char kMacroEventsVariable[] = "TORVANE_MACRO_EVENTS";
 
 enum class MacroEventKind
 {
+    Began,   ///< a macro file is about to be run; the text is its path as the caller named it
     Printed, ///< Debug.Print; the text is the line
     Saved,   ///< a file was written; the text is its path
     Asked,   ///< a message box stands and waits; the text is its prompt

@@ -7,9 +7,17 @@ namespace {
 class NoApplication final : public ApplicationStarter
 {
   public:
-    std::unique_ptr<ApplicationProcess> Start(const ApplicationStart&) override
+    void RequireSystem() override { Refuse(); }
+    std::vector<int32_t> RegisteredYears() override { Refuse(); }
+    std::unique_ptr<ApplicationProcess> Attach(const ProcessIdentity&) override { Refuse(); }
+    std::unique_ptr<ApplicationProcess> Start(const ApplicationStart&) override { Refuse(); }
+
+  private:
+    [[noreturn]] static void Refuse()
     {
-        throw NoApplicationError("The CAD application is a Windows program; on this system macros are only checked.");
+        throw NoApplicationError(
+            "The CAD application is a Windows program: it runs on Windows, or elsewhere under Wine. "
+            "On this system macros are only checked.");
     }
 };
 

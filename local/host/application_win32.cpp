@@ -1,67 +1,22 @@
-#include "host/application_process.h"
+#include "host/connected_application_win32.h"
 
 #include "cad/macro_event.h"
 #include "com/bstring.h"
-#include "com/com_ptr.h"
-#include "com/variant.h"
-#include "vault/text.h"
 
-#include <algorithm>
-#include <chrono>
+#include <set>
 #include <thread>
-#include <vector>
-
-TV_IID(IRunningObjectTable, "00000010-0000-0000-c000-000000000046");
-TV_IID(IMoniker, "0000000f-0000-0000-c000-000000000046");
 
 namespace tv::local {
 
 namespace {
 
+using std::chrono::milliseconds;
 using Clock = std::chrono::steady_clock;
 
 constexpr wchar_t kClassName[] = L"Torvane.Application";
 constexpr wchar_t kBackgroundSwitch[] = L" /B";
-constexpr std::chrono::seconds kStartPatience{120};
-constexpr std::chrono::milliseconds kAttachInterval{50};
-constexpr DWORD kEndPatienceMs = 10'000;
-constexpr DWORD kKillPatienceMs = 5000;
-constexpr UINT kKilledCode = 255;
-constexpr WORD kCall = DISPATCH_METHOD | DISPATCH_PROPERTYGET;
-
-std::wstring Wide(std::string_view text)
-{
-    const std::u16string units = Utf16(text);
-    return std::wstring(units.begin(), units.end());
-}
-
-std::string Narrow(std::wstring_view text)
-{
-    return Utf8(std::u16string(text.begin(), text.end()));
-}
-
-/// Owns a handle of the system.
-class Handle
-{
-  public:
-    explicit Handle(HANDLE owned = nullptr) : handle(owned) {}
-    Handle(Handle&& other) noexcept : handle(std::exchange(other.handle, nullptr)) {}
-    Handle& operator=(Handle other) noexcept
-    {
-        std::swap(handle, other.handle);
-        return *this;
-    }
-    ~Handle()
-    {
-        if (handle != nullptr) {
-            CloseHandle(handle);
-        }
-    }
-    HANDLE get() const { return handle; }
-
-  private:
-    HANDLE handle;
-};
+constexpr milliseconds kAttachInterval{50};
+constexpr int32_t kYearOfRevisionZero = 1992;
 
 /// The program behind the class, as its registration names it.
 std::wstring RegisteredProgram()
@@ -81,20 +36,37 @@ std::wstring RegisteredProgram()
                              "TORVANE.EXE /regserver");
 }
 
-std::wstring CommandLineFor(const std::wstring& program)
+std::wstring CommandLineFor(const ApplicationStart& start)
 {
+    if (!start.commandLine.empty()) {
+        return Wide(start.commandLine);
+    }
+    const std::wstring program = start.program.empty() ? RegisteredProgram() : Wide(start.program);
     const bool isPath = GetFileAttributesW(program.c_str()) != INVALID_FILE_ATTRIBUTES;
     return (isPath ? L"\"" + program + L"\"" : program) + kBackgroundSwitch;
+}
+
+void SetLimits(const Handle& job, DWORD flags)
+{
+    JOBOBJECT_EXTENDED_LIMIT_INFORMATION limits{};
+    limits.BasicLimitInformation.LimitFlags = flags;
+    SetInformationJobObject(job.get(), JobObjectExtendedLimitInformation, &limits, sizeof limits);
 }
 
 /// Everything in it ends with us, also when we end without a word.
 Handle MakeJob()
 {
     Handle job(CreateJobObjectW(nullptr, nullptr));
-    JOBOBJECT_EXTENDED_LIMIT_INFORMATION limits{};
-    limits.BasicLimitInformation.LimitFlags = JOB_OBJECT_LIMIT_KILL_ON_JOB_CLOSE;
-    SetInformationJobObject(job.get(), JobObjectExtendedLimitInformation, &limits, sizeof limits);
+    SetLimits(job, JOB_OBJECT_LIMIT_KILL_ON_JOB_CLOSE);
     return job;
+}
+
+/// "120", "0.5".
+std::string SecondsText(milliseconds time)
+{
+    std::string text = std::to_string(static_cast<double>(time.count()) / 1000);
+    text.erase(text.find_last_not_of('0') + 1);
+    return text.ends_with('.') ? text.substr(0, text.size() - 1) : text;
 }
 
 /// Hands one variable on to a process that is started meanwhile.
@@ -113,22 +85,22 @@ class HandedVariable
     std::wstring name;
 };
 
-class StartedApplication final : public ApplicationProcess
+class StartedApplication final : public ConnectedApplication
 {
   public:
-    StartedApplication(const std::wstring& program, const ApplicationStart& start) : job(MakeJob())
+    StartedApplication(std::wstring command, const ApplicationStart& start) : job(MakeJob())
     {
         STARTUPINFOW how{};
         how.cb = sizeof how;
         how.dwFlags = STARTF_USESHOWWINDOW;
         how.wShowWindow = start.isVisible ? SW_SHOWNORMAL : SW_HIDE;
         PROCESS_INFORMATION made{};
-        std::wstring command = CommandLineFor(program);
+        const std::string told = Narrow(command);
         const HandedVariable events(app::kMacroEventsVariable, start.eventsFile);
         // It may not take a step before it belongs to the job.
         if (!CreateProcessW(nullptr, command.data(), nullptr, nullptr, FALSE, CREATE_SUSPENDED, nullptr, nullptr, &how,
                             &made)) {
-            throw NoApplicationError("The CAD application '" + Narrow(program) + "' can't be started (error " +
+            throw NoApplicationError("The CAD application '" + told + "' can't be started (error " +
                                      std::to_string(GetLastError()) + ").");
         }
         process = Handle(made.hProcess);
@@ -140,17 +112,19 @@ class StartedApplication final : public ApplicationProcess
 
     ~StartedApplication() override
     {
-        application.reset();
-        Kill();
+        Disconnect();
+        if (!isKept) {
+            Kill();
+        }
     }
 
     /// Waits until the application stands in the running object table under its process id.
     void Attach(const ApplicationStart& start)
     {
-        const auto deadline = Clock::now() + kStartPatience;
-        while (!FindObject()) {
+        const auto deadline = Clock::now() + start.patience;
+        while (!Connect()) {
             DWORD code = 0;
-            if (HasEnded() && GetExitCodeProcess(process.get(), &code)) {
+            if (HasEnded({}) && GetExitCodeProcess(process.get(), &code)) {
                 throw NoApplicationError("The CAD application ended during its start (exit code " +
                                          std::to_string(code) + ").");
             }
@@ -159,83 +133,94 @@ class StartedApplication final : public ApplicationProcess
             }
             if (Clock::now() > deadline) {
                 throw NoApplicationError("The CAD application didn't register itself within " +
-                                         std::to_string(kStartPatience.count()) + " seconds, and was ended.");
+                                         SecondsText(start.patience) + " seconds, and was ended.");
             }
             std::this_thread::sleep_for(kAttachInterval);
         }
     }
 
-    int32_t ProcessId() const override { return static_cast<int32_t>(processId); }
-
-    MacroCall RunMacro(const std::string& path, const std::string& procedure) override
+    void Keep() override
     {
-        const Variant file = Variant::FromText(Utf16(path));
-        const Variant module = Variant::FromText(u"TVMacro1");
-        const Variant name = Variant::FromText(Utf16(procedure));
-        const Variant options = Variant::FromInt(0);
-        LONG code = 0;
-        VARIANT codeBack{};
-        codeBack.vt = VT_BYREF | VT_I4;
-        codeBack.plVal = &code;
-        Variant answer;
-        MacroCall call;
-        call.answered =
-            Call(L"RunMacroEx", {*file.get(), *module.get(), *name.get(), *options.get(), codeBack}, answer);
-        call.succeeded = call.answered && answer.ToBool();
-        call.code = static_cast<int32_t>(code);
-        return call;
-    }
-
-    void Close() override
-    {
-        Variant answer;
-        const Variant force = Variant::FromBool(true);
-        if (!HasEnded() && Call(L"CloseAllDocuments", {*force.get()}, answer) && Call(L"ExitApplication", {}, answer)) {
-            WaitForSingleObject(process.get(), kEndPatienceMs);
-        }
-        Kill();
-    }
-
-    void Kill() noexcept override
-    {
-        if (!HasEnded()) {
-            TerminateProcess(process.get(), kKilledCode);
-            WaitForSingleObject(process.get(), kKillPatienceMs);
-        }
+        isKept = true;
+        SetLimits(job, 0);
     }
 
   private:
-    bool HasEnded() const { return WaitForSingleObject(process.get(), 0) == WAIT_OBJECT_0; }
-
-    bool FindObject()
-    {
-        ComPtr<IRunningObjectTable> table;
-        ComPtr<IMoniker> moniker;
-        ComPtr<IUnknown> object;
-        const std::wstring name = L"Torvane_PID_" + std::to_wstring(processId);
-        return GetRunningObjectTable(0, table.put()) >= 0 && CreateItemMoniker(L"", name.c_str(), moniker.put()) >= 0 &&
-               table->GetObjectW(moniker.get(), object.put()) == S_OK && object.As(application) >= 0;
-    }
-
-    /// Calls a member by name; the arguments are borrowed. False when the application doesn't answer or refuses.
-    bool Call(const wchar_t* member, std::vector<VARIANT> arguments, Variant& answer)
-    {
-        auto* name = const_cast<LPOLESTR>(member);
-        DISPID id = 0;
-        const GUID none{};
-        if (application->GetIDsOfNames(none, &name, 1, LOCALE_USER_DEFAULT, &id) < 0) {
-            return false;
-        }
-        std::ranges::reverse(arguments);
-        DISPPARAMS params{arguments.data(), nullptr, static_cast<UINT>(arguments.size()), 0};
-        return application->Invoke(id, none, LOCALE_USER_DEFAULT, kCall, &params, answer.put(), nullptr, nullptr) >= 0;
-    }
-
     Handle job;
-    Handle process;
-    DWORD processId = 0;
-    ComPtr<IDispatch> application;
+    bool isKept = false;
 };
+
+/// One that somebody has started before.
+class FoundApplication final : public ConnectedApplication
+{
+  public:
+    FoundApplication(Handle opened, DWORD id)
+    {
+        process = std::move(opened);
+        processId = id;
+    }
+    ~FoundApplication() override { Disconnect(); }
+
+    void Keep() override {}
+
+    MacroCall RunMacro(const std::string& path, const std::string& procedure) override
+    {
+        const MacroTurn turn(processId);
+        return ConnectedApplication::RunMacro(path, procedure);
+    }
+
+  private:
+    /// The right to have a macro run, of one program at a time. The system takes it back from a program that ends.
+    class MacroTurn
+    {
+      public:
+        explicit MacroTurn(DWORD processId)
+            : mutex(CreateMutexW(nullptr, FALSE, (L"Local\\tvtask_macro_" + std::to_wstring(processId)).c_str()))
+        {
+            if (WaitForSingleObject(mutex.get(), 0) == WAIT_TIMEOUT) {
+                const std::string id = std::to_string(processId);
+                throw ApplicationBusyError("Another macro runs in the CAD application of process " + id +
+                                           ". Wait for its end, or end the application with: tvtask app stop --pid " +
+                                           id);
+            }
+        }
+        MacroTurn(const MacroTurn&) = delete;
+        MacroTurn& operator=(const MacroTurn&) = delete;
+        ~MacroTurn() { ReleaseMutex(mutex.get()); }
+
+      private:
+        Handle mutex;
+    };
+};
+
+/// Calls `take` with the name of each key below one of the machine's. A key that isn't there has none.
+void ForEachSubkey(const wchar_t* path, REGSAM view, const std::function<void(std::wstring_view name)>& take)
+{
+    HKEY key = nullptr;
+    if (RegOpenKeyExW(HKEY_LOCAL_MACHINE, path, 0, KEY_READ | view, &key) != ERROR_SUCCESS) {
+        return;
+    }
+    wchar_t name[256];
+    DWORD length = ARRAYSIZE(name);
+    for (DWORD i = 0; RegEnumKeyExW(key, i, name, &length, nullptr, nullptr, nullptr, nullptr) != ERROR_NO_MORE_ITEMS;
+         ++i, length = ARRAYSIZE(name)) {
+        take({name, length});
+    }
+    RegCloseKey(key);
+}
+
+/// The number behind a prefix; nothing when there is anything else.
+std::optional<int32_t> NumberBehind(std::wstring_view prefix, std::wstring_view name)
+{
+    constexpr size_t kMostDigits = 4;
+    const std::wstring_view digits = name.substr(std::min(prefix.size(), name.size()));
+    if (name.size() <= prefix.size() || digits.size() > kMostDigits ||
+        _wcsnicmp(name.data(), prefix.data(), prefix.size()) != 0 ||
+        digits.find_first_not_of(L"0123456789") != std::wstring_view::npos) {
+        return std::nullopt;
+    }
+    return std::stoi(std::wstring(digits));
+}
 
 class RegisteredApplication final : public ApplicationStarter
 {
@@ -248,9 +233,38 @@ class RegisteredApplication final : public ApplicationStarter
         }
     }
 
+    std::vector<int32_t> RegisteredYears() override
+    {
+        std::set<int32_t> years;
+        for (const REGSAM view : {KEY_WOW64_64KEY, KEY_WOW64_32KEY}) {
+            ForEachSubkey(L"SOFTWARE\\Torvane", view, [&](std::wstring_view name) {
+                if (const auto year = NumberBehind(L"Torvane ", name)) {
+                    years.insert(*year);
+                }
+            });
+        }
+        ForEachSubkey(L"SOFTWARE\\Classes", 0, [&](std::wstring_view name) {
+            if (const auto suffix = NumberBehind(std::wstring(kClassName) + L".", name)) {
+                years.insert(*suffix + kYearOfRevisionZero);
+            }
+        });
+        return {years.begin(), years.end()};
+    }
+
+    std::unique_ptr<ApplicationProcess> Attach(const ProcessIdentity& wanted) override
+    {
+        const auto id = static_cast<DWORD>(wanted.id);
+        Handle process(OpenProcess(kApplicationRights, FALSE, id));
+        if (process.get() == nullptr || CreationTime(process.get()) != wanted.created) {
+            return nullptr;
+        }
+        auto found = std::make_unique<FoundApplication>(std::move(process), id);
+        return found->HasEnded({}) ? nullptr : std::move(found);
+    }
+
     std::unique_ptr<ApplicationProcess> Start(const ApplicationStart& start) override
     {
-        auto started = std::make_unique<StartedApplication>(RegisteredProgram(), start);
+        auto started = std::make_unique<StartedApplication>(CommandLineFor(start), start);
         started->Attach(start);
         return started;
     }

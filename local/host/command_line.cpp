@@ -1,5 +1,6 @@
 #include "host/command_line.h"
 
+#include "host/app_commands.h"
 #include "host/card_commands.h"
 #include "host/check_out_commands.h"
 #include "host/file_commands.h"
@@ -47,6 +48,7 @@ class CommandLine
         AddTaskCommands();
         AddRunCommands();
         AddMacroRunCommand();
+        AddAppCommands();
     }
 
     CLI::App& App() { return app; }
@@ -320,6 +322,15 @@ class CommandLine
         run->add_flag("--visible", macroRun.isVisible, "Show the application's window");
     }
 
+    void AddAppCommands()
+    {
+        appCommands.AddTo(
+            app, context,
+            [this](CLI::App& parent, const std::string& word, const std::string& what, std::function<int()> body) {
+                return Command(parent, word, what, NeedsVault::No, std::move(body));
+            });
+    }
+
     HostContext& context;
     CLI::App app{"Runs the tasks of a document vault on this machine", "tvtask"};
     std::function<int()> action;
@@ -344,6 +355,7 @@ class CommandLine
     bool useTemplate = false;
     MacroChecks checks;
     MacroRunOptions macroRun;
+    AppCommandLine appCommands;
 };
 
 int Complain(HostEnvironment& environment, std::string_view words, int exitCode)

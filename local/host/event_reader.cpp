@@ -5,6 +5,13 @@
 
 namespace tv::local {
 
+EventReader::EventReader(std::filesystem::path name) : file(std::move(name))
+{
+    std::error_code missing;
+    const auto size = std::filesystem::file_size(file, missing);
+    done = missing ? 0 : static_cast<std::streamoff>(size);
+}
+
 std::vector<app::MacroEvent> EventReader::Read()
 {
     std::ifstream stream(file, std::ios::binary);

@@ -12,7 +12,8 @@ namespace tv::local {
 class EventReader
 {
   public:
-    explicit EventReader(std::filesystem::path name) : file(std::move(name)) {}
+    /// Reads what is added to the file from now on; there may be none yet.
+    explicit EventReader(std::filesystem::path name);
 
     /// What was added since the last call. A line that isn't whole yet waits for the next one.
     std::vector<app::MacroEvent> Read();

@@ -9,6 +9,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include <filesystem>
 #include <ostream>
 
 namespace tv::local {
@@ -27,6 +28,8 @@ struct HostEnvironment
     bool terminal = false;
     std::string defaultVault;
     StoreOptions storeOptions;
+    /// Where it is kept which applications were started to stay.
+    std::filesystem::path applicationsFolder = {};
 };
 
 /// One command line's choices, and the vault once it is open.

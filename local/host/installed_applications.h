@@ -1,5 +1,5 @@
-// The versions of the CAD application that this machine knows, and how the add-in would start each of them. The rules are
-// the add-in's: it is asked.
+// The versions of the CAD application that this machine knows, and how the add-in would start each of them. The rules
+// are the add-in's: it is asked.
 #pragma once
 
 #include "host/application_process.h"

@@ -1,5 +1,7 @@
 #include "host/machine.h"
 
+#include "host/connected_application_win32.h"
+
 #include "com/base.h"
 
 #include <tlhelp32.h>
@@ -26,10 +28,11 @@ int EndStartedApplications()
         if (entry.th32ParentProcessID != GetCurrentProcessId() || lstrcmpiW(entry.szExeFile, kApplication) != 0) {
             continue;
         }
-        if (HANDLE process = OpenProcess(PROCESS_TERMINATE | SYNCHRONIZE, FALSE, entry.th32ProcessID)) {
-            ended += TerminateProcess(process, kEndedCode) ? 1 : 0;
-            WaitForSingleObject(process, kEndTimeoutMs);
-            CloseHandle(process);
+        const Handle process(OpenProcess(kApplicationRights, FALSE, entry.th32ProcessID));
+        // One that is older than we are was started by an earlier process of our id, and is to stay.
+        if (process.get() != nullptr && CreationTime(process.get()) >= CreationTime(GetCurrentProcess())) {
+            ended += TerminateProcess(process.get(), kEndedCode) ? 1 : 0;
+            WaitForSingleObject(process.get(), kEndTimeoutMs);
         }
     }
     CloseHandle(snapshot);

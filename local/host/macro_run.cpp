@@ -29,6 +29,8 @@ using app::MacroEvent;
 using app::MacroEventKind;
 
 constexpr std::chrono::milliseconds kReadInterval{50};
+/// A call comes back from an application that crashed a little before its process is gone.
+constexpr std::chrono::seconds kCrashPatience{5};
 
 /// A macro file as an editor leaves it: UTF-8 with or without its mark, or else code page 1252.
 std::u16string ReadMacroFile(const std::string& name)
@@ -56,35 +58,36 @@ std::string BytesForApplication(std::u16string_view text)
     return bytes;
 }
 
-/// Files of one run, which go when it is over.
-class RunFiles
+/// A temporary file of this process, which goes when it is over.
+class TemporaryFile
 {
   public:
-    RunFiles(const Machine& machine, std::u16string_view text)
+    TemporaryFile(const Machine& machine, std::string_view extension)
+        : path(fs::temp_directory_path() /
+               PathOf("tvtask_" + std::to_string(machine.ProcessId()) + std::string(extension)))
     {
-        const std::string stem = "tvtask_" + std::to_string(machine.ProcessId());
-        macro = fs::temp_directory_path() / PathOf(stem + ".tvb");
-        events = fs::temp_directory_path() / PathOf(stem + ".events");
-        fs::remove(events);
-        std::ofstream stream(macro, std::ios::binary);
-        stream << BytesForApplication(text);
-        stream.close();
-        if (!stream) {
-            throw std::runtime_error("The macro can't be written to '" + TextOf(macro) + "'.");
-        }
+        fs::remove(path);
     }
-    RunFiles(const RunFiles&) = delete;
-    RunFiles& operator=(const RunFiles&) = delete;
-    ~RunFiles()
+    TemporaryFile(const TemporaryFile&) = delete;
+    TemporaryFile& operator=(const TemporaryFile&) = delete;
+    ~TemporaryFile()
     {
         std::error_code ignored;
-        fs::remove(macro, ignored);
-        fs::remove(events, ignored);
+        fs::remove(path, ignored);
     }
 
-    fs::path macro;
-    fs::path events;
+    const fs::path path;
 };
+
+void WriteMacro(const fs::path& path, std::u16string_view text)
+{
+    std::ofstream stream(path, std::ios::binary);
+    stream << BytesForApplication(text);
+    stream.close();
+    if (!stream) {
+        throw std::runtime_error("The macro can't be written to '" + TextOf(path) + "'.");
+    }
+}
 
 enum class MacroEnd
 {
@@ -93,6 +96,7 @@ enum class MacroEnd
     TimedOut,
     Interrupted,
     ApplicationEnded,
+    NotAnswered,
 };
 
 struct EndWords
@@ -107,6 +111,7 @@ constexpr EndWords kEnds[] = {
     {MacroEnd::TimedOut, "timed out"},
     {MacroEnd::Interrupted, "interrupted"},
     {MacroEnd::ApplicationEnded, "application ended"},
+    {MacroEnd::NotAnswered, "not answered"},
 };
 
 /// One run of a macro: the application's calls on this thread, and another that reads along, keeps the time and listens
@@ -114,18 +119,20 @@ constexpr EndWords kEnds[] = {
 class MacroRun
 {
   public:
-    MacroRun(HostContext& hostContext, const MacroRunOptions& runOptions, const FindingPrinter& sourcePrinter)
-        : context(hostContext), options(runOptions), printer(sourcePrinter)
+    MacroRun(HostContext& hostContext, const MacroRunOptions& runOptions, const FindingPrinter& sourcePrinter,
+             MacroPlace& macroPlace)
+        : context(hostContext), options(runOptions), printer(sourcePrinter), place(macroPlace),
+          macro(hostContext.environment.machine, ".tvb")
     {}
 
     int Run(std::u16string_view text)
     {
-        const RunFiles files(context.environment.machine, text);
-        EventReader reader(files.events);
+        WriteMacro(macro.path, text);
+        EventReader reader(place.EventsFile());
         context.environment.machine.OnInterrupt([this] { Interrupt(); });
         const auto start = Clock::now();
         try {
-            end = Carry(files, reader);
+            end = Carry(reader);
         } catch (...) {
             context.environment.machine.OnInterrupt(nullptr);
             if (!interrupted) {
@@ -139,16 +146,16 @@ class MacroRun
     }
 
   private:
-    MacroEnd Carry(const RunFiles& files, EventReader& reader)
+    MacroEnd Carry(EventReader& reader)
     {
-        const auto application = context.environment.applications.Start(
-            {options.isVisible, TextOf(files.events), [this] { return interrupted.load(); }});
+        const auto application = place.Enter([this] { return interrupted.load(); });
         MacroCall call;
         {
             const Watcher watcher(*this, *application, reader);
-            call = application->RunMacro(TextOf(files.macro), options.procedure);
+            call = application->RunMacro(TextOf(macro.path), options.procedure);
         }
-        application->Close();
+        const bool hasEnded = !call.answered && application->HasEnded(kCrashPatience);
+        place.Leave(*application);
         if (interrupted) {
             return MacroEnd::Interrupted;
         }
@@ -156,7 +163,7 @@ class MacroRun
             return MacroEnd::TimedOut;
         }
         if (!call.answered) {
-            return MacroEnd::ApplicationEnded;
+            return hasEnded ? MacroEnd::ApplicationEnded : MacroEnd::NotAnswered;
         }
         return call.succeeded ? MacroEnd::Succeeded : MacroEnd::Failed;
     }
@@ -216,6 +223,13 @@ class MacroRun
     {
         std::ostream& out = context.environment.out;
         for (MacroEvent& event : reader.Read()) {
+            // An application that was found running may still be at somebody else's macro.
+            if (event.kind == MacroEventKind::Began) {
+                isOurs = event.text == TextOf(macro.path);
+            }
+            if (!isOurs) {
+                continue;
+            }
             if (!context.json) {
                 if (event.kind == MacroEventKind::Printed) {
                     out << event.text << std::endl;
@@ -246,9 +260,11 @@ class MacroRun
             return options.procedure + " failed after " + took;
         case MacroEnd::TimedOut:
             return std::string("Ended by force after ") + took + ": " + options.procedure +
-                   " took longer than --timeout allows";
+                   " took longer than --timeout allows" + place.LostWithMacro();
         case MacroEnd::Interrupted:
-            return "Ended by Ctrl-C";
+            return "Ended by Ctrl-C" + place.LostWithMacro();
+        case MacroEnd::NotAnswered:
+            return "The CAD application didn't take the call to run " + options.procedure;
         case MacroEnd::ApplicationEnded:
             break;
         }
@@ -312,6 +328,9 @@ class MacroRun
     HostContext& context;
     const MacroRunOptions& options;
     const FindingPrinter& printer;
+    MacroPlace& place;
+    const TemporaryFile macro;
+    bool isOurs = false;
     std::mutex lock;
     std::condition_variable changed;
     std::atomic<bool> interrupted = false;
@@ -346,7 +365,7 @@ bool MayRun(HostContext& context, const MacroRunOptions& options, const FindingP
         context.PrintJson(json);
     }
     if (!compiles && !context.json) {
-        context.environment.out << "Nothing was started: the macro doesn't compile\n";
+        context.environment.out << "Nothing was run: the macro doesn't compile\n";
     }
     return compiles;
 }
@@ -367,9 +386,35 @@ void RequireProcedure(const MacroRunOptions& options, std::u16string_view text)
                      (known.empty() ? "." : "; there are: " + known + "."));
 }
 
+class ApplicationOfItsOwn final : public MacroPlace
+{
+  public:
+    ApplicationOfItsOwn(HostEnvironment& host, bool visible)
+        : environment(host), isVisible(visible), events(host.machine, ".events")
+    {}
+
+    fs::path EventsFile() const override { return events.path; }
+
+    std::unique_ptr<ApplicationProcess> Enter(const std::function<bool()>& isUnwanted) override
+    {
+        ApplicationStart start;
+        start.isVisible = isVisible;
+        start.eventsFile = TextOf(events.path);
+        start.isUnwanted = isUnwanted;
+        return environment.applications.Start(start);
+    }
+
+    void Leave(ApplicationProcess& application) override { application.Close(); }
+
+  private:
+    HostEnvironment& environment;
+    bool isVisible;
+    TemporaryFile events;
+};
+
 } // namespace
 
-int MacroRunCommand(HostContext& context, const MacroRunOptions& options)
+int RunMacroFile(HostContext& context, const MacroRunOptions& options, MacroPlace& place)
 {
     const std::u16string text = ReadMacroFile(options.file);
     FindingPrinter printer;
@@ -378,8 +423,14 @@ int MacroRunCommand(HostContext& context, const MacroRunOptions& options)
         return kExitFailed;
     }
     RequireProcedure(options, text);
-    MacroRun run(context, options, printer);
+    MacroRun run(context, options, printer, place);
     return run.Run(text);
+}
+
+int MacroRunCommand(HostContext& context, const MacroRunOptions& options)
+{
+    ApplicationOfItsOwn place(context.environment, options.isVisible);
+    return RunMacroFile(context, options, place);
 }
 
 } // namespace tv::local

@@ -5,6 +5,7 @@
 #include "com/base.h"
 
 #include <cstdlib>
+#include <filesystem>
 #include <iostream>
 
 #ifdef _WIN32
@@ -41,6 +42,18 @@ std::string DefaultVault()
 #endif
 }
 
+/// A folder of the user, on this machine alone.
+std::filesystem::path ApplicationsFolder()
+{
+#ifdef _WIN32
+    const wchar_t* local = _wgetenv(L"LOCALAPPDATA");
+    const std::filesystem::path base = local != nullptr ? local : std::filesystem::temp_directory_path();
+#else
+    const std::filesystem::path base = std::filesystem::temp_directory_path();
+#endif
+    return base / "tvtask" / "applications";
+}
+
 /// What is written is UTF-8 with plain line feeds, on a screen and in a pipe alike.
 void PrepareOutput()
 {
@@ -59,6 +72,7 @@ int Main(const std::vector<std::string>& arguments)
     const auto applications = MakeApplicationStarter();
     HostEnvironment environment{std::cout,     std::cerr,    *component,     *machine,
                                 *applications, IsTerminal(), DefaultVault(), {}};
+    environment.applicationsFolder = ApplicationsFolder();
     const int code = RunCommandLine(arguments, environment);
     std::cout.flush();
     return code;

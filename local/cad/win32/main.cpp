@@ -216,6 +216,7 @@ int RunApplication(const StartOptions& options, const FaultSettings& settings, i
     MacroRunner runner(host, library, macro::Limits{});
     context.runMacro = [&](std::u16string_view path, std::u16string_view module, std::u16string_view procedure) {
         Note("macro " + ToUtf8(path) + " " + ToUtf8(procedure));
+        TellMacroEvent({MacroEventKind::Began, ToUtf8(path)});
         const std::optional<MacroOutcome> forced = faults.AtMacro();
         const MacroOutcome outcome = forced ? *forced : runner.Run(path, module, procedure);
         Note(outcome.succeeded ? "macro done" : "macro failed: " + outcome.message);

@@ -8,6 +8,7 @@ namespace tv::app {
 TEST(MacroEvents, EachIsOneLineAndReadAsItWasWritten)
 {
     const MacroEvent events[] = {
+        {MacroEventKind::Began, "C:\\Temp\\macro.tvb"},
         {MacroEventKind::Printed, "two\r\nlines and a \"quote\""},
         {MacroEventKind::Saved, "C:\\Vault\\ä.stl"},
         {MacroEventKind::Asked, ""},
@@ -22,6 +23,7 @@ TEST(MacroEvents, EachIsOneLineAndReadAsItWasWritten)
 
 TEST(MacroEvents, TheLinesHaveAFixedForm)
 {
+    EXPECT_EQ(WriteMacroEvent({MacroEventKind::Began, "x"}), R"({"event":"began","text":"x"})");
     EXPECT_EQ(WriteMacroEvent({MacroEventKind::Printed, "x"}), R"({"event":"printed","text":"x"})");
     EXPECT_EQ(WriteMacroEvent({MacroEventKind::Failed, "x", 13, 7}),
               R"({"event":"failed","text":"x","number":13,"line":7})");

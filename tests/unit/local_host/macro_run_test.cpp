@@ -85,7 +85,7 @@ TEST_F(MacroRunTest, AMacroThatDoesNotCompileIsToldAndStartsNothing)
     EXPECT_EQ(printed.out, file + ":2:7: error: Expected: expression\n"
                                   "      x = = 1\n"
                                   "          ^\n"
-                                  "Nothing was started: the macro doesn't compile\n");
+                                  "Nothing was run: the macro doesn't compile\n");
     EXPECT_TRUE(applications.log.empty());
     const Json json = RunMacro("Sub main()\n  x = = 1\nEnd Sub\n", {"--json"}).AsJson();
     EXPECT_EQ(json["outcome"], "not started");
@@ -219,10 +219,35 @@ TEST_F(MacroRunTest, CtrlCDuringTheStartGivesItUp)
 
 TEST_F(MacroRunTest, AnApplicationThatEndsDuringTheMacroIsTold)
 {
-    applications.macro = [](ScriptedRun&, const std::string&, const std::string&) { return MacroCall{}; };
+    applications.macro = [this](ScriptedRun&, const std::string&, const std::string&) {
+        applications.processes.back()->hasEnded = true;
+        return MacroCall{};
+    };
     const Printed printed = RunMacro(kMain);
     EXPECT_EQ(printed.code, 1);
     EXPECT_EQ(printed.out, "The CAD application ended while it ran main\n");
+}
+
+TEST_F(MacroRunTest, AnApplicationThatRefusesTheCallAndLivesIsToldOtherwise)
+{
+    applications.macro = [](ScriptedRun&, const std::string&, const std::string&) { return MacroCall{}; };
+    const Printed printed = RunMacro(kMain);
+    EXPECT_EQ(printed.code, 1);
+    EXPECT_EQ(printed.out, "The CAD application didn't take the call to run main\n");
+    EXPECT_EQ(RunMacro(kMain, {"--json"}).AsJson()["outcome"], "not answered");
+}
+
+TEST_F(MacroRunTest, WhatAnotherMacroDoesInTheSameApplicationIsNotTold)
+{
+    applications.macro = [](ScriptedRun& run, const std::string& path, const std::string&) {
+        run.Tell({MacroEventKind::Printed, "one"});
+        run.Tell({MacroEventKind::Began, "C:\\Temp\\another.tvb"});
+        run.Tell({MacroEventKind::Printed, "not ours"});
+        run.Tell({MacroEventKind::Began, path});
+        run.Tell({MacroEventKind::Printed, "two"});
+        return MacroCall{true, true, 0};
+    };
+    EXPECT_TRUE(RunMacro(kMain).out.starts_with("one\ntwo\nmain ended well after "));
 }
 
 TEST_F(MacroRunTest, AnApplicationThatCannotBeStartedHasAnExitCodeOfItsOwn)
@@ -247,7 +272,9 @@ TEST(MacroRunHere, WithoutTheApplicationsSystemTheStartSaysSo)
         MakeApplicationStarter()->Start({});
         FAIL();
     } catch (const NoApplicationError& error) {
-        EXPECT_STREQ(error.what(), "The CAD application is a Windows program; on this system macros are only checked.");
+        EXPECT_STREQ(error.what(),
+                     "The CAD application is a Windows program: it runs on Windows, or elsewhere under Wine. On "
+                     "this system macros are only checked.");
     }
 }
 #endif

@@ -6,7 +6,7 @@ namespace tv::local {
 
 namespace {
 
-class ScriptedAddIn final : public ComObject<IVyxAddIn5, ITVTaskPreview>
+class ScriptedAddIn final : public ComObject<IVyxAddIn5, ITVTaskPreview, ITVStartPreview>
 {
   public:
     explicit ScriptedAddIn(ScriptedComponent& owner) : script(owner) {}
@@ -45,6 +45,29 @@ class ScriptedAddIn final : public ComObject<IVyxAddIn5, ITVTaskPreview>
         *text = tv::AllocateText(u"macro for " + std::u16string(tv::TextOf(file->path)) + u" version " +
                                  std::u16string(1, static_cast<char16_t>(u'0' + file->version)) + u"\r\n");
         return 0;
+    }
+
+    Result TV_CALL GetStartCommand(int32_t year, int32_t* startedYear, GUID* classId, StartSource* source,
+                                   BStr* commandLine) override
+    {
+        const auto found = script.starts.find(year);
+        if (found == script.starts.end()) {
+            return static_cast<Result>(0x800401F3);
+        }
+        *startedYear = found->second.startedYear;
+        *classId = kLocalApplicationClass;
+        *source = found->second.source;
+        *commandLine = tv::AllocateText(found->second.commandLine);
+        return 0;
+    }
+
+    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override
+    {
+        if (!script.offersStartPreview && id == kInterfaceId<ITVStartPreview>) {
+            *object = nullptr;
+            return E_NOINTERFACE;
+        }
+        return ComObject::QueryInterface(id, object);
     }
 
   private:
