@@ -15,8 +15,11 @@ struct KindName
 };
 
 constexpr KindName kKinds[] = {
-    {MacroEventKind::Began, "began"}, {MacroEventKind::Printed, "printed"}, {MacroEventKind::Saved, "saved"},
-    {MacroEventKind::Asked, "asked"}, {MacroEventKind::Failed, "failed"},
+    {MacroEventKind::Began, "began"},
+    {MacroEventKind::Printed, "printed"},
+    {MacroEventKind::Saved, "saved"},
+    {MacroEventKind::Asked, "asked"},
+    {MacroEventKind::Failed, "failed"},
 };
 
 } // namespace
