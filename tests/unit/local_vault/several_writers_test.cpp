@@ -104,13 +104,14 @@ TEST_F(SeveralWriters, OneOfThemFinishesItsWork)
 
 #ifdef _WIN32
 
-/// Runs this program's writer as a program of its own and returns its exit code.
+/// Runs this program's writer as a program of its own, which writes no report of its own, and returns its exit code.
 int RunWriter(const fs::path& root, const std::string& name)
 {
     static std::atomic<bool> starting = false;
     wchar_t program[1024];
     GetModuleFileNameW(nullptr, program, 1024);
-    std::wstring line = L"\"" + std::wstring(program) + L"\" --gtest_filter=SeveralWriters.OneOfThemFinishesItsWork";
+    std::wstring line =
+        L"\"" + std::wstring(program) + L"\" --gtest_filter=SeveralWriters.OneOfThemFinishesItsWork --gtest_output=";
     STARTUPINFOW startup{};
     startup.cb = sizeof startup;
     PROCESS_INFORMATION process{};
@@ -146,7 +147,7 @@ int RunWriter(const fs::path& root, const std::string& name)
     if (child == 0) {
         ::execl("/usr/bin/env", "env", vault.c_str(), writer.c_str(), program.c_str(),
                 "--gtest_filter=SeveralWriters.OneOfThemFinishesItsWork", "--gtest_brief=1",
-                static_cast<char*>(nullptr));
+                "--gtest_output=", static_cast<char*>(nullptr));
         ::_exit(127);
     }
     int status = 0;
