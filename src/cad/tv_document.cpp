@@ -21,11 +21,9 @@ constexpr int32_t kConvertTask = 1;
 constexpr int32_t kPrintTask = 2;
 
 /// A document that lacks the interface that its kind has is no document to record from.
-template <typename Interface>
-ComPtr<Interface> Require(IUnknown* object)
+template <typename Interface> ComPtr<Interface> Require(IUnknown* object, ComPtr<Interface>& found)
 {
-    ComPtr<Interface> found;
-    if (AskApplication(object, found) < 0) {
+    if (!found && AskApplication(object, found) < 0) {
         throw ResultError(E_POINTER);
     }
     return found;
@@ -33,14 +31,10 @@ ComPtr<Interface> Require(IUnknown* object)
 
 } // namespace
 
-CTVDocument::CTVDocument(TVManager& owner, ComPtr<IUnknown> identity, int32_t type)
-    : manager(owner),
-      document(std::move(identity)),
-      documentType(type),
-      taskKind(owner.TaskKind()),
-      majorRevision(owner.MajorRevision())
-{
-}
+CTVDocument::CTVDocument(TVManager& owner, ComPtr<ITorvaneDocument> found, ComPtr<IUnknown> identity, int32_t type)
+    : manager(owner), listed(std::move(found)), document(std::move(identity)), documentType(type),
+      taskKind(owner.TaskKind()), majorRevision(owner.MajorRevision())
+{}
 
 CTVDocument::~CTVDocument() = default;
 
@@ -96,6 +90,9 @@ void CTVDocument::Detach()
     for (auto& [identity, view] : views) {
         view->Detach();
     }
+    asDrawing.reset();
+    asDocument.reset();
+    listed.reset();
     document.reset();
     detached = true;
 }
@@ -115,7 +112,7 @@ void CTVDocument::RecordPrinted()
 {
     const std::shared_ptr<CTVDocument> keptAlive = shared_from_this();
     BString target;
-    ThrowIfFailed(Require<ITorvaneDocument>(document.get())->GetPrintTarget(target.put()));
+    ThrowIfFailed(AsDocument()->GetPrintTarget(target.put()));
     RecordOutput(target.Text(), OutputWay::Printed);
 }
 
@@ -136,9 +133,19 @@ void CTVDocument::RecordOutput(const std::u16string& path, OutputWay way)
     }
 }
 
+ComPtr<ITorvaneDocument> CTVDocument::AsDocument()
+{
+    return Require(document.get(), asDocument);
+}
+
+ComPtr<ITorvaneDrawing> CTVDocument::AsDrawing()
+{
+    return Require(document.get(), asDrawing);
+}
+
 std::u16string CTVDocument::NameOfSheet()
 {
-    const ComPtr<ITorvaneDrawing> drawing = Require<ITorvaneDrawing>(document.get());
+    const ComPtr<ITorvaneDrawing> drawing = AsDrawing();
     ComPtr<IUnknown> current;
     ComPtr<ITorvaneSheet> sheet;
     BString name;
@@ -157,7 +164,7 @@ std::u16string CTVDocument::NameOfSheet()
 
 std::u16string CTVDocument::NameOfConfiguration()
 {
-    const ComPtr<ITorvaneDocument> typed = Require<ITorvaneDocument>(document.get());
+    const ComPtr<ITorvaneDocument> typed = AsDocument();
     ComPtr<ITorvaneConfigurationManager> configurations;
     ComPtr<ITorvaneConfiguration> active;
     BString name;
@@ -165,9 +172,8 @@ std::u16string CTVDocument::NameOfConfiguration()
         configurations->GetActiveConfiguration(active.put()) >= 0 && active) {
         active->GetName(name.put());
     }
-    return taskKind == kConvertTask
-               ? OutputName(manager.ConfigurationChoice(), OutputKind::Configuration, name.Text())
-               : name.Text();
+    return taskKind == kConvertTask ? OutputName(manager.ConfigurationChoice(), OutputKind::Configuration, name.Text())
+                                    : name.Text();
 }
 
 } // namespace tv

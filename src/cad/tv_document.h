@@ -24,8 +24,9 @@ class CTVDocument final : public std::enable_shared_from_this<CTVDocument>, priv
 {
   public:
     /// \param manager  borrowed; outlives the document
+    /// \param listed   the document as the application's list gave it
     /// \param identity the document, by its base identity
-    CTVDocument(TVManager& manager, ComPtr<IUnknown> identity, int32_t documentType);
+    CTVDocument(TVManager& manager, ComPtr<ITorvaneDocument> listed, ComPtr<IUnknown> identity, int32_t documentType);
     ~CTVDocument() override;
 
     /// Connects the sink of the document's type, and in a print run those of its model views.
@@ -33,6 +34,9 @@ class CTVDocument final : public std::enable_shared_from_this<CTVDocument>, priv
     /// Ends all connections; a second call does nothing.
     void Detach();
     bool IsDetached() const { return detached; }
+
+    /// What the document was found by. It has learned its members' numbers, which cost a call to the application each.
+    const ComPtr<ITorvaneDocument>& Listed() const { return listed; }
 
     /// Records an output under the name of the configuration or sheet that it was made from.
     void RecordOutput(const std::u16string& path, OutputWay way);
@@ -43,11 +47,19 @@ class CTVDocument final : public std::enable_shared_from_this<CTVDocument>, priv
   private:
     void OnEvent(int32_t event, std::span<const VARIANT> arguments) override;
     Result AttachViews();
+    /// Holders of their own: the document may go while it is being asked.
+    /// @{
+    ComPtr<ITorvaneDocument> AsDocument();
+    ComPtr<ITorvaneDrawing> AsDrawing();
+    /// @}
     std::u16string NameOfSheet();
     std::u16string NameOfConfiguration();
 
     TVManager& manager;
+    ComPtr<ITorvaneDocument> listed;
     ComPtr<IUnknown> document;
+    ComPtr<ITorvaneDocument> asDocument; ///< once asked for; an object doesn't lose an interface
+    ComPtr<ITorvaneDrawing> asDrawing;
     int32_t documentType;
     int32_t taskKind;
     uint16_t majorRevision;

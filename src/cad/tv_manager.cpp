@@ -32,11 +32,9 @@ void TakeText(IUnknown* variables, const char16_t* name, std::u16string& text)
 } // namespace
 
 TVManager::TVManager(Platform& services)
-    : platform(services),
-      watchdog(services, processId, [this] { CloseApplication(Waiting::Yes, 0); }),
+    : platform(services), watchdog(services, processId, [this] { CloseApplication(Waiting::Yes, 0); }),
       suppression(services.registry)
-{
-}
+{}
 
 TVManager::~TVManager() = default;
 
@@ -129,10 +127,10 @@ Result TVManager::RefreshDocuments()
         if (const Result asked = document.As(identity); asked < 0) {
             return asked;
         }
-        if (!documents.contains(identity.get())) {
-            if (const Result added = AddDocument(*document.get(), identity); added < 0) {
-                return added;
-            }
+        if (const auto known = documents.find(identity.get()); known != documents.end()) {
+            document = known->second->Listed();
+        } else if (const Result added = AddDocument(document, identity); added < 0) {
+            return added;
         }
         ComPtr<ITorvaneDocument> next;
         if (const Result read = document->GetNextDocument(next.put()); read < 0) {
@@ -143,13 +141,13 @@ Result TVManager::RefreshDocuments()
     return 0;
 }
 
-Result TVManager::AddDocument(ITorvaneDocument& document, const ComPtr<IUnknown>& identity)
+Result TVManager::AddDocument(const ComPtr<ITorvaneDocument>& document, const ComPtr<IUnknown>& identity)
 {
     int32_t type = 0;
-    if (const Result read = document.GetDocumentType(&type); read < 0) {
+    if (const Result read = document->GetDocumentType(&type); read < 0) {
         return read;
     }
-    const auto sink = std::make_shared<CTVDocument>(*this, identity, type);
+    const auto sink = std::make_shared<CTVDocument>(*this, document, identity, type);
     if (const Result attached = sink->Attach(); attached < 0) {
         sink->Detach();
         return attached;
@@ -163,7 +161,8 @@ Result TVManager::AddDocument(ITorvaneDocument& document, const ComPtr<IUnknown>
 
 void TVManager::RemoveDocument(const CTVDocument& document)
 {
-    const auto found = std::ranges::find_if(documents, [&](const auto& entry) { return entry.second.get() == &document; });
+    const auto found =
+        std::ranges::find_if(documents, [&](const auto& entry) { return entry.second.get() == &document; });
     if (found == documents.end()) {
         return;
     }

@@ -1,5 +1,5 @@
-// TVManager: owner of the one CAD application process that a task run uses. It starts a private, hidden process, attaches
-// to it by its process id, has it run macros, hears its events, restarts it when it has grown old, and ends it.
+// TVManager: owner of the one CAD application process of a task run. It starts a private, hidden process, attaches to
+// it by its process id, has it run macros, hears its events, restarts it when it has grown old, and ends it.
 #pragma once
 
 #include "cad/add_in_suppression.h"
@@ -55,8 +55,9 @@ class TVManager final : private EventHandler
     TVManager(const TVManager&) = delete;
     TVManager& operator=(const TVManager&) = delete;
 
-    /// Stores the run's settings. Empties the map of documents without detaching them, so no application may be attached.
-    /// A task of kind 1 has its choice of sheets and configurations read; an absent variable keeps the field as it was.
+    /// Stores the run's settings. Empties the map of documents without detaching them, so no application may be
+    /// attached. A task of kind 1 has its choice of sheets and configurations read; an absent variable keeps the field
+    /// as it was.
     void Configure(VaultFiles& outputs, int32_t kind, IUnknown* variables, int32_t version);
 
     /// Starts a process, attaches to it and hides it. On failure `LastError` tells why, where there are words for it.
@@ -110,7 +111,7 @@ class TVManager final : private EventHandler
     Result SetPreferences();
     Result HideApplication();
     Result HideMainWindow();
-    Result AddDocument(ITorvaneDocument& document, const ComPtr<IUnknown>& identity);
+    Result AddDocument(const ComPtr<ITorvaneDocument>& document, const ComPtr<IUnknown>& identity);
     void DetachAll();
     Result QuitPolitely();
     bool WaitForEnd(Process& process, int tries);
