@@ -364,6 +364,17 @@ int Complain(HostEnvironment& environment, std::string_view words, int exitCode)
     return exitCode;
 }
 
+/// The command that shows the help of what was being typed.
+std::string HelpCommand(const CLI::App& commandLine)
+{
+    std::string words = "tvtask";
+    for (const CLI::App* at = &commandLine; !at->get_subcommands().empty();) {
+        at = at->get_subcommands().front();
+        words += " " + at->get_name();
+    }
+    return words + " --help";
+}
+
 /// Reads NAME, NAME@MACHINE or @MACHINE; what isn't named is that of this process.
 Session ReadSession(std::string_view text, Session session)
 {
@@ -413,7 +424,7 @@ int RunCommandLine(const std::vector<std::string>& arguments, HostEnvironment& e
         if (error.get_exit_code() == 0) {
             return line.App().exit(error, environment.out, environment.err);
         }
-        return Complain(environment, std::string(error.what()) + ". To see what would be right: tvtask --help",
+        return Complain(environment, std::string(error.what()) + ". To see what would be right: " + HelpCommand(line.App()),
                         kExitWrongUsage);
     } catch (const UsageError& error) {
         return Complain(environment, error.what(), kExitWrongUsage);

@@ -78,8 +78,10 @@ TEST_F(AppCommandsTest, WhereThereAreNoApplicationsEachSaysSo)
 TEST_F(AppCommandsTest, AWordThatIsNoCommandIsWrongUsage)
 {
     EXPECT_EQ(App({}).code, 2);
+    EXPECT_EQ(App({}).err, "tvtask: A subcommand is required. To see what would be right: tvtask app --help\n");
     EXPECT_EQ(App({"begin"}).code, 2);
     EXPECT_EQ(App({"run"}).code, 2);
+    EXPECT_EQ(App({"run"}).err, "tvtask: FILE is required. To see what would be right: tvtask app run --help\n");
 }
 
 TEST_F(AppCommandsTest, VersionsAreListedWithWhatStartsEach)
@@ -394,7 +396,7 @@ TEST_F(AppCommandsTest, TheListTellsVersionRevisionTimeAndDocuments)
     Process(1).details = {};
     EXPECT_EQ(App({"list"}).out,
               "Process  Version  Revision  Since (UTC)          Documents\n"
-              "-------  -------  --------  -------------------  ----------------------------------\n"
+              "-------  -------  --------  -------------------  -----------------------------------\n"
               "   4711     2013  21.1.0    2026-11-21 13:20:09  C:\\a.tvnprt, Part2\n"
               "   4712     2013  ?         2026-11-21 13:20:09  doesn't answer: it is busy or hangs\n");
     const Json json = App({"list", "--json"}).AsJson();
