@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <condition_variable>
+#include <cstdlib>
 #include <mutex>
 #include <thread>
 
@@ -93,6 +94,14 @@ struct Answer
     std::condition_variable changed;
     std::optional<ApplicationDetails> details;
 };
+
+/// Applications before this major revision run macros by an older member, which tells no code.
+bool HasNoRunMacroEx(const std::string& revision)
+{
+    constexpr int kFirstWithRunMacroEx = 17;
+    const int major = std::atoi(revision.c_str());
+    return major > 0 && major < kFirstWithRunMacroEx;
+}
 
 DWORD Milliseconds(milliseconds time)
 {
@@ -189,9 +198,13 @@ MacroCall ConnectedApplication::RunMacro(const std::string& path, const std::str
     codeBack.plVal = &code;
     Variant answer;
     MacroCall call;
-    call.answered =
-        Connect() && CallMember(*application.get(), L"RunMacroEx",
-                                {*file.get(), *module.get(), *name.get(), *options.get(), codeBack}, answer);
+    if (!Connect()) {
+        return call;
+    }
+    call.answered = HasNoRunMacroEx(Revision())
+                        ? CallMember(*application.get(), L"RunMacro", {*file.get(), *module.get(), *name.get()}, answer)
+                        : CallMember(*application.get(), L"RunMacroEx",
+                                     {*file.get(), *module.get(), *name.get(), *options.get(), codeBack}, answer);
     call.succeeded = call.answered && answer.ToBool();
     call.code = static_cast<int32_t>(code);
     return call;

@@ -172,6 +172,16 @@ AnApplicationThatRefusesTheCallIsToldAndGoesOn() {
     nothing_runs
 }
 
+AnOldApplicationRunsMacrosByItsOldMember() {
+    leave_no_application
+    TORVANE_FAULTS='revision=16.2.0' start_application >/dev/null
+    is "the listed revision" "$("$tvtask" app list --json | json revision)" "16.2.0"
+    is "the code" "$(app_code run "$(simple_macro one)")" 0
+    is "what it prints" "$(head -n 1 "$work/out")" "one"
+    is "the code of the stop" "$(app_code stop --timeout 60)" 0
+    nothing_runs
+}
+
 AMacroThatTakesTooLongEndsItsApplication() {
     leave_no_application
     local id
