@@ -3,6 +3,7 @@
 #include "host/app_commands.h"
 #include "host/card_commands.h"
 #include "host/check_out_commands.h"
+#include "host/doctor.h"
 #include "host/file_commands.h"
 #include "host/macro_commands.h"
 #include "host/macro_run.h"
@@ -49,6 +50,7 @@ class CommandLine
         AddRunCommands();
         AddMacroRunCommand();
         AddAppCommands();
+        AddDoctorCommand();
     }
 
     CLI::App& App() { return app; }
@@ -320,6 +322,15 @@ class CommandLine
         run->add_option("--timeout", macroRun.timeout, "Seconds after which the macro is ended; none unless given")
             ->check(CLI::PositiveNumber);
         run->add_flag("--visible", macroRun.isVisible, "Show the application's window");
+    }
+
+    void AddDoctorCommand()
+    {
+        auto* doctor = Command(app, "doctor", "Look whether this machine and the vault are fit for runs", NeedsVault::No,
+                               [this] { return DoctorCommand(context); });
+        doctor->footer("What is wrong is printed with what to type against it; without a vault the machine is looked\n"
+                       "at all the same. The exit code is 0 when nothing is a problem.\n\n"
+                       "Examples:\n  tvtask doctor\n  tvtask doctor --vault D:\\Vault --json");
     }
 
     void AddAppCommands()

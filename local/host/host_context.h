@@ -4,6 +4,7 @@
 #include "host/application_process.h"
 #include "host/component.h"
 #include "host/errors.h"
+#include "host/health_machine.h"
 #include "host/machine.h"
 #include "vault/vault_objects.h"
 
@@ -24,6 +25,7 @@ struct HostEnvironment
     Component& component;
     Machine& machine;
     ApplicationStarter& applications;
+    HealthMachine& health;
     /// The output goes to a person's screen, where a line can be written over.
     bool terminal = false;
     std::string defaultVault;

@@ -100,14 +100,61 @@ bool StopsRun(const MacroFinding& finding)
     });
 }
 
+SelectionItem ItemOf(HostContext& context, const FileRecord& file)
+{
+    return {file.id, file.folder, TextOf(context.Files().LocalPathOf(file)), {}, kFileItem, file.latestVersion};
+}
+
+/// The macro of a file as the add-in makes it; empty when the add-in can't be asked.
+std::u16string MacroOfAddIn(HostContext& context, IVyxTaskInstance* instance, const FileRecord& file)
+{
+    try {
+        AddInSession addIn(context.environment.component, context.store);
+        return Utf16(addIn.MacroFor(instance, ItemOf(context, file)));
+    } catch (const ResultError&) {
+        return {};
+    }
+}
+
+std::string PlaceAndWords(const MacroFinding& finding)
+{
+    return "line " + std::to_string(finding.line) + ": " + finding.message;
+}
+
 } // namespace
+
+std::optional<std::string> TaskMacroProblem(HostContext& context, const TaskRecord& task,
+                                            const std::optional<FileRecord>& file)
+{
+    const auto stored = context.store->TaskVariable(task.id, kScriptVariable);
+    if (!stored) {
+        return "has no macro";
+    }
+    const std::u16string script = Utf16(stored->Display());
+    const auto instance = MakePreviewInstance(context.store, task);
+    const ScriptVariables variables = VariablesOf(context, task, instance.get());
+    const ScriptLint lint = LintScript(script, variables);
+    if (lint.neverEnds) {
+        return "a run would never be done with its script, " +
+               PlaceAndWords(*std::ranges::find_if(lint.findings, StopsRun));
+    }
+    std::u16string macro = file ? MacroOfAddIn(context, instance.get(), *file) : std::u16string();
+    if (macro.empty()) {
+        macro = ExpandScript(script, variables.find).text;
+    }
+    const auto problems = CheckMacro(macro);
+    if (problems.empty()) {
+        return std::nullopt;
+    }
+    const std::string more = problems.size() > 1 ? " (and " + std::to_string(problems.size() - 1) + " more)" : "";
+    return "its macro doesn't compile, " + PlaceAndWords(problems.front()) + more;
+}
 
 int MacroCommand(HostContext& context, const std::string& taskName, const std::string& path, MacroChecks checks)
 {
     const TaskRecord task = context.RequireTask(taskName);
     const FileRecord file = context.RequireFile(path);
-    const SelectionItem item{file.id, file.folder, TextOf(context.Files().LocalPathOf(file)),
-                             {},      kFileItem,   file.latestVersion};
+    const SelectionItem item = ItemOf(context, file);
     const auto instance = MakePreviewInstance(context.store, task);
     const auto stored = context.store->TaskVariable(task.id, kScriptVariable);
     const std::u16string script = stored ? Utf16(stored->Display()) : std::u16string();

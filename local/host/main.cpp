@@ -70,8 +70,9 @@ int Main(const std::vector<std::string>& arguments)
     const auto component = MakeRegisteredComponent();
     const auto machine = MakeMachine();
     const auto applications = MakeApplicationStarter();
+    const auto health = MakeHealthMachine();
     HostEnvironment environment{std::cout,     std::cerr,    *component,     *machine,
-                                *applications, IsTerminal(), DefaultVault(), {}};
+                                *applications, *health,      IsTerminal(), DefaultVault(), {}};
     environment.applicationsFolder = ApplicationsFolder();
     const int code = RunCommandLine(arguments, environment);
     std::cout.flush();

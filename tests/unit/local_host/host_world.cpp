@@ -32,7 +32,7 @@ Printed HostWorld::Run(std::vector<std::string> arguments)
 {
     std::ostringstream out;
     std::ostringstream err;
-    HostEnvironment environment{out, err, component, machine, applications, terminal, VaultFolder(), {}};
+    HostEnvironment environment{out, err, component, machine, applications, health, terminal, VaultFolder(), {}};
     environment.applicationsFolder = base / "applications";
     const int code = RunCommandLine(arguments, environment);
     return {code, out.str(), err.str()};

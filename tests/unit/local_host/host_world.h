@@ -3,6 +3,7 @@
 
 #include "scripted_add_in.h"
 #include "scripted_application.h"
+#include "scripted_health.h"
 
 #include "host/command_line.h"
 
@@ -40,6 +41,7 @@ class HostWorld : public ::testing::Test
     ScriptedComponent component;
     QuietMachine machine;
     ScriptedApplications applications;
+    ScriptedHealth health;
     bool terminal = false;
 
   private:
