@@ -2,7 +2,10 @@
 
 #include "cad/text.h"
 #include "cad/transcript_text.h"
+#include "cad_win32/system_font.h"
 #include "cad_win32/wide.h"
+
+#include <algorithm>
 
 namespace tv::app {
 
@@ -10,8 +13,8 @@ namespace {
 
 constexpr wchar_t kDialogClass[] = L"TorvaneDialog";
 constexpr int kMargin = 16;
-constexpr int kWidth = 420;
-constexpr int kHeight = 140;
+constexpr DWORD kDialogStyle = WS_POPUP | WS_CAPTION | WS_SYSMENU;
+constexpr DWORD kDialogExtendedStyle = WS_EX_DLGMODALFRAME;
 
 struct DialogState
 {
@@ -80,25 +83,64 @@ bool RegisterDialogClass(HINSTANCE instance)
     return RegisterClassExW(&windowClass) != 0 || GetLastError() == ERROR_CLASS_ALREADY_EXISTS;
 }
 
-HWND MakeWindow(const std::string& title, DWORD style, HWND owner)
+HWND MakeWindow(const std::string& title, DWORD style, DWORD extendedStyle, HWND owner)
 {
     const HINSTANCE instance = GetModuleHandleW(nullptr);
     if (!RegisterDialogClass(instance)) {
         return nullptr;
     }
-    return CreateWindowExW(0, kDialogClass, Wide(ToUtf16(title)).c_str(), style, 100, 100, kWidth, kHeight, owner,
-                           nullptr, instance, nullptr);
+    return CreateWindowExW(extendedStyle, kDialogClass, Wide(ToUtf16(title)).c_str(), style, 0, 0, 0, 0, owner, nullptr,
+                           instance, nullptr);
 }
 
 /// What a person who meets the dialog on a screen is to know.
-void AddText(HWND dialog, const Fault& fault)
+std::wstring TextFor(AnswerKey key)
 {
-    const std::string text =
-        "This dialog was asked for as a fault. Its answer is: " + std::string(NameOf(fault.key)) + ".";
-    const HWND label =
-        CreateWindowExW(0, L"STATIC", Wide(ToUtf16(text)).c_str(), WS_CHILD | WS_VISIBLE, kMargin, kMargin,
-                        kWidth - 3 * kMargin, kHeight / 2, dialog, nullptr, GetModuleHandleW(nullptr), nullptr);
-    SendMessageW(label, WM_SETFONT, reinterpret_cast<WPARAM>(GetStockObject(DEFAULT_GUI_FONT)), FALSE);
+    const std::wstring reason = L"This dialog was asked for as a fault.\n\n";
+    switch (key) {
+    case AnswerKey::Return:
+        return reason + L"Press Return to go on.";
+    case AnswerKey::Escape:
+        return reason + L"Press Escape to go on.";
+    default:
+        return reason + L"Close it to go on.";
+    }
+}
+
+SIZE SizeOf(HWND dialog, const std::wstring& text, const SystemFont& font)
+{
+    const HDC context = GetDC(dialog);
+    RECT area{};
+    {
+        const SystemFontInUse inUse(context, font);
+        DrawTextW(context, text.c_str(), -1, &area, DT_CALCRECT | DT_NOPREFIX);
+    }
+    ReleaseDC(dialog, context);
+    return {area.right, area.bottom};
+}
+
+/// Wide enough for the text and for the title, in the middle of the screen.
+void PlaceDialog(HWND dialog, SIZE text, SIZE title)
+{
+    const int titleRoom = title.cx + 2 * GetSystemMetrics(SM_CXSIZE);
+    RECT place{0, 0, std::max<LONG>(text.cx + 2 * kMargin, titleRoom), text.cy + 2 * kMargin};
+    AdjustWindowRectEx(&place, kDialogStyle, FALSE, kDialogExtendedStyle);
+    RECT screen{};
+    SystemParametersInfoW(SPI_GETWORKAREA, 0, &screen, 0);
+    const int width = std::min(place.right - place.left, screen.right - screen.left);
+    const int height = place.bottom - place.top;
+    SetWindowPos(dialog, nullptr, (screen.left + screen.right - width) / 2, (screen.top + screen.bottom - height) / 2,
+                 width, height, SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void FillDialog(HWND dialog, const Fault& fault, const SystemFont& font)
+{
+    const std::wstring text = TextFor(fault.key);
+    const SIZE size = SizeOf(dialog, text, font);
+    PlaceDialog(dialog, size, SizeOf(dialog, Wide(ToUtf16(fault.title)), SystemFont(FontUse::Caption)));
+    const HWND label = CreateWindowExW(0, L"STATIC", text.c_str(), WS_CHILD | WS_VISIBLE | SS_NOPREFIX, kMargin,
+                                       kMargin, size.cx, size.cy, dialog, nullptr, GetModuleHandleW(nullptr), nullptr);
+    SendMessageW(label, WM_SETFONT, reinterpret_cast<WPARAM>(font.get()), FALSE);
 }
 
 void WaitForAnswer(const DialogState& state)
@@ -118,9 +160,9 @@ void WaitForAnswer(const DialogState& state)
 
 void ShowFaultDialog(const Fault& fault, const std::function<void(const std::string&)>& note)
 {
-    const HWND owner = fault.parent.empty() ? nullptr : MakeWindow(fault.parent, WS_OVERLAPPEDWINDOW, nullptr);
+    const HWND owner = fault.parent.empty() ? nullptr : MakeWindow(fault.parent, WS_OVERLAPPEDWINDOW, 0, nullptr);
     // Of an owned window, only a popup has its owner as its parent.
-    const HWND dialog = MakeWindow(fault.title, WS_POPUP | WS_CAPTION | WS_SYSMENU, owner);
+    const HWND dialog = MakeWindow(fault.title, kDialogStyle, kDialogExtendedStyle, owner);
     if (dialog == nullptr) {
         note("dialog failed " + QuotedText(fault.title));
         if (owner != nullptr) {
@@ -128,7 +170,8 @@ void ShowFaultDialog(const Fault& fault, const std::function<void(const std::str
         }
         return;
     }
-    AddText(dialog, fault);
+    const SystemFont font(FontUse::Message);
+    FillDialog(dialog, fault, font);
     DialogState state{fault, note};
     SetWindowLongPtrW(dialog, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(&state));
     note("dialog shown " + QuotedText(fault.title));

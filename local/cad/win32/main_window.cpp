@@ -1,9 +1,12 @@
 #include "cad_win32/main_window.h"
 
 #include "cad_win32/registration.h"
+#include "cad_win32/system_font.h"
 #include "cad_win32/wide.h"
 #include "com/base.h"
 
+#include <algorithm>
+#include <array>
 #include <string>
 #include <vector>
 
@@ -29,44 +32,82 @@ const wchar_t* KindOf(DocumentType type)
     }
 }
 
-std::wstring LineOf(const ModelDocument& document)
+/// Configurations or sheets, the active one in brackets.
+std::wstring ItemsOf(const ModelDocument& document)
 {
-    std::wstring line = Wide(document.Title()) + L"   (" + KindOf(document.Type());
-    line += document.IsDrawing() ? L", sheets: " : L", configurations: ";
-    for (size_t i = 0; i < document.Items().size(); ++i) {
-        const std::u16string& item = document.Items()[i];
-        line += (i > 0 ? L", " : L"") + (item == document.ActiveItem() ? L"[" + Wide(item) + L"]" : Wide(item));
+    std::wstring items;
+    for (const std::u16string& item : document.Items()) {
+        items += items.empty() ? L"" : L", ";
+        items += item == document.ActiveItem() ? L"[" + Wide(item) + L"]" : Wide(item);
     }
-    return line + L")";
+    return items;
 }
 
-std::vector<std::wstring> LinesOf(const Application& application)
+using Row = std::array<std::wstring, 3>;
+
+std::vector<Row> RowsOf(const Application& application)
 {
-    if (application.Documents().empty()) {
-        return {L"No document is open."};
-    }
-    std::vector<std::wstring> lines;
+    std::vector<Row> rows = {{L"Document", L"Kind", L"Configurations or sheets"}};
     for (const std::shared_ptr<ModelDocument>& document : application.Documents()) {
-        lines.push_back(LineOf(*document));
+        rows.push_back({Wide(document->Title()), KindOf(document->Type()), ItemsOf(*document)});
     }
-    return lines;
+    return rows;
+}
+
+int WidthOf(HDC context, const std::vector<Row>& rows, size_t column)
+{
+    int width = 0;
+    for (const Row& row : rows) {
+        SIZE size{};
+        GetTextExtentPoint32W(context, row[column].c_str(), static_cast<int>(row[column].size()), &size);
+        width = std::max<int>(width, size.cx);
+    }
+    return width;
+}
+
+void DrawCell(HDC context, const std::wstring& text, RECT place)
+{
+    DrawTextW(context, text.c_str(), static_cast<int>(text.size()), &place,
+              DT_SINGLELINE | DT_NOPREFIX | DT_END_ELLIPSIS);
+}
+
+/// A table under a line of headings; what finds no room at the right ends in dots.
+void DrawDocuments(HDC context, const RECT& area, const Application& application)
+{
+    const std::vector<Row> rows = RowsOf(application);
+    TEXTMETRICW metrics{};
+    GetTextMetricsW(context, &metrics);
+    const int height = metrics.tmHeight + metrics.tmExternalLeading + 4;
+    const int second = kMargin + WidthOf(context, rows, 0) + 2 * kMargin;
+    const int third = second + WidthOf(context, rows, 1) + 2 * kMargin;
+    int y = kMargin;
+    for (const Row& row : rows) {
+        DrawCell(context, row[0], {kMargin, y, area.right - kMargin, y + height});
+        DrawCell(context, row[1], {second, y, area.right - kMargin, y + height});
+        DrawCell(context, row[2], {third, y, area.right - kMargin, y + height});
+        y += height;
+    }
+    const RECT line{kMargin, kMargin + height - 3, area.right - kMargin, kMargin + height - 2};
+    FillRect(context, &line, GetSysColorBrush(COLOR_BTNSHADOW));
 }
 
 void Paint(HWND window, const Application& application)
 {
     PAINTSTRUCT paint{};
     const HDC context = BeginPaint(window, &paint);
-    const HGDIOBJ oldFont = SelectObject(context, GetStockObject(DEFAULT_GUI_FONT));
-    SetBkMode(context, TRANSPARENT);
-    SetTextColor(context, GetSysColor(COLOR_WINDOWTEXT));
-    TEXTMETRICW metrics{};
-    GetTextMetricsW(context, &metrics);
-    int y = kMargin;
-    for (const std::wstring& line : LinesOf(application)) {
-        TextOutW(context, kMargin, y, line.c_str(), static_cast<int>(line.size()));
-        y += metrics.tmHeight + metrics.tmExternalLeading + 4;
+    {
+        const SystemFont font(FontUse::Message);
+        const SystemFontInUse inUse(context, font);
+        SetBkMode(context, TRANSPARENT);
+        SetTextColor(context, GetSysColor(COLOR_WINDOWTEXT));
+        RECT area{};
+        GetClientRect(window, &area);
+        if (application.Documents().empty()) {
+            DrawCell(context, L"No document is open.", {kMargin, kMargin, area.right - kMargin, area.bottom});
+        } else {
+            DrawDocuments(context, area, application);
+        }
     }
-    SelectObject(context, oldFont);
     EndPaint(window, &paint);
 }
 
@@ -99,6 +140,8 @@ intptr_t MakeMainWindow(Application& application, int showMode)
     const HINSTANCE instance = GetModuleHandleW(nullptr);
     WNDCLASSEXW windowClass{};
     windowClass.cbSize = sizeof windowClass;
+    // A line that ends in dots has to be drawn anew when there is more room.
+    windowClass.style = CS_HREDRAW;
     windowClass.lpfnWndProc = HandleMessage;
     windowClass.hInstance = instance;
     windowClass.hCursor = LoadCursorW(nullptr, IDC_ARROW);
