@@ -135,6 +135,8 @@ TEST_F(PowerLoss, BetweenAnyTwoWritesLosesNothingThatWasReportedDone)
 
 TEST_F(PowerLoss, AFailedWriteIsReportedAndTheVaultWorksOn)
 {
+    // Made once and copied: making one for each round took a third of the time.
+    VaultStore::Create(Folder("made"), "Bench", OptionsOf(kAnna));
     bool fired = true;
     for (int n = 0; fired; ++n) {
         fired = false;
@@ -147,7 +149,7 @@ TEST_F(PowerLoss, AFailedWriteIsReportedAndTheVaultWorksOn)
         }
         fs::remove_all(Root());
         PrepareOutside();
-        VaultStore::Create(Root(), "Bench", OptionsOf(kAnna));
+        CopyDisk(Folder("made"), Root());
         Promised promised;
         int step = 0;
         bool failing = true;
