@@ -116,7 +116,7 @@ TEST_F(EventSinkTest, ArgumentsBeyondTheEventsOwnAreLeftOut)
 TEST_F(EventSinkTest, ATextByReferenceIsReadLikeAnyOther)
 {
     BString path(u"C:\\a.step");
-    BStr place = path.get();
+    BSTR place = reinterpret_cast<BSTR>(path.get());
     VARIANT reference{};
     reference.vt = VT_BYREF | VT_BSTR;
     reference.pbstrVal = &place;
