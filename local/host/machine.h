@@ -17,6 +17,8 @@ class Machine
     virtual bool IsAlive(int32_t process) const = 0;
     /// Ends CAD applications that this process has started and that still live; returns how many there were.
     virtual int EndLeftApplications() = 0;
+    /// From now on CAD applications that this process starts end with it, also when it is ended from outside.
+    virtual void LetApplicationsEndWithThisProcess() = 0;
     /// Calls `action`, on another thread, when the user presses Ctrl-C; null for the system's own handling. A second
     /// Ctrl-C ends this process, and the applications that it has started with it.
     virtual void OnInterrupt(std::function<void()> action) = 0;

@@ -15,6 +15,7 @@ class PosixMachine final : public Machine
     int32_t ProcessId() const override { return ::getpid(); }
     bool IsAlive(int32_t process) const override { return ::kill(process, 0) == 0 || errno == EPERM; }
     int EndLeftApplications() override { return 0; }
+    void LetApplicationsEndWithThisProcess() override {}
     void OnInterrupt(std::function<void()>) override {}
 };
 

@@ -66,7 +66,14 @@ class WindowsMachine final : public Machine
 {
   public:
     WindowsMachine() { SetConsoleCtrlHandler(HandleInterrupt, TRUE); }
-    ~WindowsMachine() override { SetConsoleCtrlHandler(HandleInterrupt, FALSE); }
+    ~WindowsMachine() override
+    {
+        SetConsoleCtrlHandler(HandleInterrupt, FALSE);
+        if (job != nullptr) {
+            LimitJob(0);
+            CloseHandle(job);
+        }
+    }
 
     int32_t ProcessId() const override { return static_cast<int32_t>(GetCurrentProcessId()); }
 
@@ -83,12 +90,36 @@ class WindowsMachine final : public Machine
 
     int EndLeftApplications() override { return EndStartedApplications(); }
 
+    void LetApplicationsEndWithThisProcess() override
+    {
+        if (job != nullptr) {
+            return;
+        }
+        // Processes that we start belong to our job, and the system may start one for the first to need its desktop,
+        // which others then use too and which has to outlive us.
+        GetDesktopWindow();
+        job = CreateJobObjectW(nullptr, nullptr);
+        LimitJob(JOB_OBJECT_LIMIT_KILL_ON_JOB_CLOSE);
+        AssignProcessToJobObject(job, GetCurrentProcess());
+    }
+
     void OnInterrupt(std::function<void()> action) override
     {
         const std::lock_guard guard(interruptLock);
         interrupted = false;
         interruptAction = std::move(action);
     }
+
+  private:
+    void LimitJob(DWORD flags)
+    {
+        JOBOBJECT_EXTENDED_LIMIT_INFORMATION limits{};
+        limits.BasicLimitInformation.LimitFlags = flags;
+        SetInformationJobObject(job, JobObjectExtendedLimitInformation, &limits, sizeof limits);
+    }
+
+    /// Holds this process and all that it starts; the system closes it when we end without having done so.
+    HANDLE job = nullptr;
 };
 
 } // namespace

@@ -271,6 +271,7 @@ int RunCommand(HostContext& context, const std::vector<int32_t>& ids, bool all)
     if (!instances.empty()) {
         AddInSession addIn(context.environment.component, context.store);
         addIn.RequireHook(VyxCmd_TaskRun);
+        context.environment.machine.LetApplicationsEndWithThisProcess();
         for (const InstanceRecord& instance : instances) {
             if (!context.store->BeginRun(instance, context.environment.machine.ProcessId())) {
                 // Whoever asks for all that wait means those that no other host has taken since.

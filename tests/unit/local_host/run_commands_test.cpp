@@ -142,6 +142,19 @@ TEST_F(RunCommands, ARunShowsProgressAndATableOfWhatItMade)
     EXPECT_EQ(machine.cleanUps, 1);
 }
 
+TEST_F(RunCommands, TheApplicationsOfARunEndWithTheHostHoweverThatEnds)
+{
+    bool duringTheRun = false;
+    component.handlers[43] = [&](const HandedCommand& command) {
+        duringTheRun = machine.applicationsEndWithIt;
+        return ConvertScrew(command);
+    };
+    const int32_t id = Launch();
+    EXPECT_FALSE(machine.applicationsEndWithIt);
+    Done({"run", std::to_string(id)});
+    EXPECT_TRUE(duringTheRun);
+}
+
 TEST_F(RunCommands, ARunInJsonTellsEachOutputWithItsVersionSizeAndSeconds)
 {
     component.handlers[43] = [&](const HandedCommand& command) { return ConvertScrew(command); };

@@ -61,10 +61,12 @@ class QuietMachine final : public Machine
         ++cleanUps;
         return 0;
     }
+    void LetApplicationsEndWithThisProcess() override { applicationsEndWithIt = true; }
     void OnInterrupt(std::function<void()> action) override { interrupt = std::move(action); }
 
     int32_t alive = 0;
     int cleanUps = 0;
+    bool applicationsEndWithIt = false;
     std::function<void()> interrupt;
 };
 
