@@ -109,7 +109,7 @@ nothing_runs() {
 }
 
 holds_line() {
-    grep -qF "$2" "$1"
+    grep -qsF "$2" "$1"
 }
 
 # wait_until COMMAND… gives it a minute to come true.
@@ -121,7 +121,11 @@ wait_until() {
     done
 }
 
+nothing_is_checked_out() {
+    is "the list of files checked out" "$(tv ls -r --json | json checkedOutBy | grep -v '^null$' || true)" ""
+}
+
 nothing_is_left() {
     nothing_runs
-    is "the list of files checked out" "$(tv ls -r --json | json checkedOutBy | grep -v '^null$' || true)" ""
+    nothing_is_checked_out
 }
