@@ -4,6 +4,10 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+#include <semaphore>
+#include <thread>
+
 namespace tv {
 
 namespace {
@@ -39,6 +43,75 @@ class AddInSuppressionTest : public testing::Test
     fakes::FakePlatform machine;
     AddInSuppression suppression{machine.registry};
 };
+
+/// The registry as one of two programs sees it, which the other interrupts: `beforeCall` is told the number of each
+/// call, counted from 1.
+class InterruptedRegistry final : public RegistryService
+{
+  public:
+    explicit InterruptedRegistry(RegistryService& service) : registry(service) {}
+
+    uint32_t OpenKey(KeyHandle parent, std::u16string_view subkey, uint32_t access, KeyHandle& key) override
+    {
+        return Next().OpenKey(parent, subkey, access, key);
+    }
+    uint32_t CreateKey(KeyHandle parent, std::u16string_view subkey, uint32_t access, KeyHandle& key) override
+    {
+        return Next().CreateKey(parent, subkey, access, key);
+    }
+    uint32_t OpenKeyTransacted(KeyHandle parent, std::u16string_view subkey, uint32_t access,
+                               TransactionHandle transaction, KeyHandle& key) override
+    {
+        return Next().OpenKeyTransacted(parent, subkey, access, transaction, key);
+    }
+    uint32_t CloseKey(KeyHandle key) override { return Next().CloseKey(key); }
+    uint32_t QueryValue(KeyHandle key, std::u16string_view name, uint32_t& type, uint8_t* buffer,
+                        uint32_t& size) override
+    {
+        return Next().QueryValue(key, name, type, buffer, size);
+    }
+    uint32_t SetValue(KeyHandle key, std::u16string_view name, uint32_t type, std::span<const uint8_t> data) override
+    {
+        return Next().SetValue(key, name, type, data);
+    }
+    uint32_t EnumKey(KeyHandle key, uint32_t index, std::u16string& name) override
+    {
+        return Next().EnumKey(key, index, name);
+    }
+    bool ExpandEnvironment(std::u16string_view text, std::u16string& expanded) override
+    {
+        return Next().ExpandEnvironment(text, expanded);
+    }
+
+    std::function<void(uint32_t)> beforeCall = [](uint32_t) {};
+    uint32_t calls = 0;
+
+  private:
+    RegistryService& Next()
+    {
+        beforeCall(++calls);
+        return registry;
+    }
+
+    RegistryService& registry;
+};
+
+void PutAddInsOfEachKind(fakes::FakeRegistry& registry)
+{
+    for (const std::u16string parent : {kFirst, kSecond}) {
+        registry.PutNumber(kCurrentUserRoot, Below(parent, u"{A}"), u"", 1);
+        registry.PutText(kCurrentUserRoot, Below(parent, u"{B}"), u"", u"four");
+        registry.PutNumber(kCurrentUserRoot, Below(parent, u"{C}"), u"", 0);
+        registry.PutText(kCurrentUserRoot, Below(parent, u"{D}"), u"", u"on");
+    }
+}
+
+void RunOnce(RegistryService& registry)
+{
+    AddInSuppression suppression(registry);
+    suppression.Suppress();
+    suppression.Restore();
+}
 
 } // namespace
 
@@ -395,6 +468,111 @@ TEST_F(AddInSuppressionTest, AFailingRegistryLeavesNothingSwitchedOffThatCanBeSw
         if (!failed) {
             EXPECT_GT(n, 20u);
             break;
+        }
+    }
+}
+
+TEST_F(AddInSuppressionTest, OfTwoRunsThatOverlapTheFirstOnePutsBackWhatItSwitchedOffWhileTheOtherGoesOn)
+{
+    PutAddInsOfEachKind(machine.registry);
+    const std::vector<std::u16string> before = machine.registry.Export();
+    AddInSuppression other(machine.registry);
+    suppression.Suppress();
+    const std::vector<std::u16string> during = machine.registry.Export();
+    other.Suppress();
+    EXPECT_TRUE(other.Saved().empty());
+    EXPECT_EQ(machine.registry.Export(), during);
+    suppression.Restore();
+    EXPECT_EQ(machine.registry.Export(), before);
+    other.Restore();
+    EXPECT_EQ(machine.registry.Export(), before);
+}
+
+TEST_F(AddInSuppressionTest, OfTwoRunsThatOverlapTheLastOneChangesNothingWhenItEndsFirst)
+{
+    PutAddInsOfEachKind(machine.registry);
+    const std::vector<std::u16string> before = machine.registry.Export();
+    AddInSuppression other(machine.registry);
+    suppression.Suppress();
+    const std::vector<std::u16string> during = machine.registry.Export();
+    other.Suppress();
+    other.Restore();
+    EXPECT_EQ(machine.registry.Export(), during);
+    suppression.Restore();
+    EXPECT_EQ(machine.registry.Export(), before);
+}
+
+TEST_F(AddInSuppressionTest, WhereverTheTwoHalvesOfARunFallIntoAnotherNothingIsLost)
+{
+    PutAddInsOfEachKind(machine.registry);
+    const std::vector<std::u16string> before = machine.registry.Export();
+    InterruptedRegistry counted(machine.registry);
+    RunOnce(counted);
+    ASSERT_GT(counted.calls, 60u);
+    for (uint32_t begin = 1; begin <= counted.calls; ++begin) {
+        for (uint32_t end = begin; end <= counted.calls + 1; ++end) {
+            AddInSuppression other(machine.registry);
+            InterruptedRegistry interrupted(machine.registry);
+            interrupted.beforeCall = [&](uint32_t call) {
+                if (call == begin) {
+                    other.Suppress();
+                }
+                if (call == end) {
+                    other.Restore();
+                }
+            };
+            RunOnce(interrupted);
+            if (interrupted.calls < end) {
+                other.Restore();
+            }
+            ASSERT_EQ(machine.registry.Export(), before) << begin << " to " << end;
+        }
+        machine.log.Clear();
+    }
+}
+
+/// Two runs, one on a thread of its own, that take turns: the first up to a call, the second up to one or to its end if
+/// that comes before, and each to its end in the same order.
+void RunInTurns(RegistryService& registry, uint32_t firstTurn, uint32_t secondTurn)
+{
+    std::binary_semaphore secondStops(0);
+    std::binary_semaphore secondGoesOn(0);
+    std::thread other;
+    InterruptedRegistry first(registry);
+    InterruptedRegistry second(registry);
+    second.beforeCall = [&](uint32_t call) {
+        if (call == secondTurn) {
+            secondStops.release();
+            secondGoesOn.acquire();
+        }
+    };
+    first.beforeCall = [&](uint32_t call) {
+        if (call == firstTurn) {
+            other = std::thread([&] {
+                RunOnce(second);
+                if (second.calls < secondTurn) {
+                    secondStops.release();
+                }
+            });
+            secondStops.acquire();
+        }
+    };
+    RunOnce(first);
+    secondGoesOn.release();
+    other.join();
+}
+
+TEST_F(AddInSuppressionTest, HoweverTwoRunsTakeTurnsInTheirCallsNothingIsLost)
+{
+    PutAddInsOfEachKind(machine.registry);
+    const std::vector<std::u16string> before = machine.registry.Export();
+    InterruptedRegistry counted(machine.registry);
+    RunOnce(counted);
+    machine.log.StopNoting();
+    for (uint32_t firstTurn = 1; firstTurn <= counted.calls; ++firstTurn) {
+        for (uint32_t secondTurn = 1; secondTurn <= counted.calls; ++secondTurn) {
+            RunInTurns(machine.registry, firstTurn, secondTurn);
+            ASSERT_EQ(machine.registry.Export(), before) << firstTurn << ' ' << secondTurn;
         }
     }
 }
