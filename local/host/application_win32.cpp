@@ -17,6 +17,8 @@ constexpr wchar_t kClassName[] = L"Torvane.Application";
 constexpr wchar_t kBackgroundSwitch[] = L" /B";
 constexpr milliseconds kAttachInterval{50};
 constexpr int32_t kYearOfRevisionZero = 1992;
+/// The system may need a moment to take the turn back from a program that has ended.
+constexpr DWORD kTurnPatienceMs = 1000;
 
 /// The program behind the class, as its registration names it.
 std::wstring RegisteredProgram()
@@ -177,7 +179,7 @@ class FoundApplication final : public ConnectedApplication
         explicit MacroTurn(DWORD processId)
             : mutex(CreateMutexW(nullptr, FALSE, (L"Local\\tvtask_macro_" + std::to_wstring(processId)).c_str()))
         {
-            if (WaitForSingleObject(mutex.get(), 0) == WAIT_TIMEOUT) {
+            if (WaitForSingleObject(mutex.get(), kTurnPatienceMs) == WAIT_TIMEOUT) {
                 const std::string id = std::to_string(processId);
                 throw ApplicationBusyError("Another macro runs in the CAD application of process " + id +
                                            ". Wait for its end, or end the application with: tvtask app stop --pid " +
