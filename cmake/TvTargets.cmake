@@ -90,7 +90,7 @@ function(tv_test name)
   if(NOT arg_LABEL)
     set(arg_LABEL unit)
   endif()
-  set_tests_properties(${name} PROPERTIES LABELS ${arg_LABEL} TIMEOUT 300)
+  set_tests_properties(${name} PROPERTIES LABELS ${arg_LABEL} TIMEOUT 900)
 endfunction()
 
 # tv_bench(<name> SOURCES files... DEPENDS targets...)
