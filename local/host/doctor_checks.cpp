@@ -116,6 +116,18 @@ std::string Examination::Tvtask(const std::string& command) const
            (context.vaultFolder == context.environment.defaultVault ? "" : " --vault " + InQuotes(context.vaultFolder));
 }
 
+std::string KeyText(const RegistryKey& key)
+{
+    return (key.root == RegistryRoot::User ? "HKCU\\" : "HKLM\\") + key.path;
+}
+
+std::vector<std::string> CopyCommands(const std::string& path)
+{
+    const std::string file = "\"%TEMP%\\torvane.reg\"";
+    return {"reg export " + InQuotes(KeyText({RegistryRoot::Machine, path})) + " " + file + " /y /reg:32",
+            "reg import " + file + " /reg:64"};
+}
+
 std::string InQuotes(std::string_view text)
 {
     return "\"" + std::string(text) + "\"";

@@ -77,6 +77,12 @@ std::span<const CheckRow> DoctorChecks();
 /// Carries out one check; what it raises is a problem of its own. A check that needs a vault gives nothing without one.
 Findings CarryOut(const CheckRow& check, Examination& examination);
 
+/// "HKLM\SOFTWARE\Torvane", as reg takes it.
+std::string KeyText(const RegistryKey& key);
+
+/// What copies a key of the machine with all below it from the 32-bit view into the one that programs look in.
+std::vector<std::string> CopyCommands(const std::string& path);
+
 /// Between double quotes, as both shells take it.
 std::string InQuotes(std::string_view text);
 

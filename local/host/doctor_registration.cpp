@@ -22,22 +22,9 @@ constexpr std::string_view kComponent = "TVTaskAddIn.dll";
 const std::string kClasses = "SOFTWARE\\Classes\\";
 const std::string kProduct = "SOFTWARE\\Torvane";
 
-std::string RootText(RegistryRoot root)
-{
-    return root == RegistryRoot::User ? "HKCU\\" : "HKLM\\";
-}
-
 std::string DeleteCommand(const RegistryKey& key)
 {
-    return "reg delete " + InQuotes(RootText(key.root) + key.path) +
-           " /f /reg:" + (key.view == RegistryView::Bits64 ? "64" : "32");
-}
-
-/// What carries a key with all below it from the 32-bit view into the one that the programs look in.
-std::vector<std::string> CopyCommands(const std::string& path)
-{
-    const std::string file = "\"%TEMP%\\torvane.reg\"";
-    return {"reg export " + InQuotes("HKLM\\" + path) + " " + file + " /y /reg:32", "reg import " + file + " /reg:64"};
+    return "reg delete " + InQuotes(KeyText(key)) + " /f /reg:" + (key.view == RegistryView::Bits64 ? "64" : "32");
 }
 
 std::string ReadText(Examination& examination, const RegistryKey& key, std::string_view name = {})

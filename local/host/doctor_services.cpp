@@ -15,7 +15,7 @@ namespace tv::local {
 
 namespace {
 
-constexpr std::chrono::milliseconds kListenerPatience{5000};
+constexpr std::chrono::milliseconds kListenerPatience{15'000};
 /// A macro file lives as long as its macro runs; the application is there the whole time but for a restart.
 constexpr std::chrono::minutes kYoungMacro{10};
 constexpr std::chrono::hours kOldMacro{24};

@@ -12,11 +12,6 @@ namespace {
 const std::string kSettings = "Software\\Torvane\\Applications\\Quellor";
 const std::string kAddIn = kSettings + "\\TVTaskAddIn";
 
-std::string KeyText(const RegistryKey& key)
-{
-    return (key.root == RegistryRoot::User ? "HKCU\\" : "HKLM\\") + key.path;
-}
-
 std::string_view TypeText(RegistryType type)
 {
     switch (type) {
@@ -161,7 +156,8 @@ std::optional<Finding> ExamineStartUpAddIn(const RegistryKey& key, const std::st
     }
     if (IsText(value) && value.text.empty()) {
         return Finding{Level::Warning, name, "is switched off (an empty text)" + crash,
-                       "Switch it on in the application's list of add-ins: the text that stood there isn't kept." +
+                       "Switch it on in the application, or import a saved export of its key: the text that stood "
+                       "there isn't kept." +
                            leaveIt};
     }
     return std::nullopt;
@@ -179,13 +175,8 @@ Findings ExamineSettingsKeys(Examination& examination)
     const bool in64 = examination.machine.HasKey({RegistryRoot::Machine, kSettings, RegistryView::Bits64});
     const bool in32 = examination.machine.HasKey({RegistryRoot::Machine, kSettings, RegistryView::Bits32});
     if (in32 && !in64) {
-        const std::string file = "\"%TEMP%\\quellor.reg\"";
-        return {{Level::Warning,
-                 "keys",
-                 found + ". Settings of the machine are looked for in the 64-bit view",
-                 "Copy them there, as administrator:",
-                 {"reg export " + InQuotes("HKLM\\" + kSettings) + " " + file + " /y /reg:32",
-                  "reg import " + file + " /reg:64"}}};
+        return {{Level::Warning, "keys", found + ". Settings of the machine are looked for in the 64-bit view",
+                 "Copy them there, as administrator:", CopyCommands(kSettings)}};
     }
     return {{Level::Ok, "keys", found}};
 }

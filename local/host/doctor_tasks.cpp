@@ -3,6 +3,7 @@
 
 #include "host/installed_applications.h"
 #include "host/macro_commands.h"
+#include "host/task_variables.h"
 #include "vault/text.h"
 
 #include <algorithm>
@@ -16,11 +17,7 @@ constexpr int32_t kPrinterBySize = 2;
 constexpr int32_t kPrinterByUser = 1;
 constexpr std::string_view kVaultPath = "<VaultPath>";
 
-constexpr std::string_view kPrinterOfSize[] = {
-    "__printer_papsize_A",  "__printer_papsize_B",  "__printer_papsize_C",   "__printer_papsize_D",
-    "__printer_papsize_E",  "__printer_papsize_A0", "__printer_papsize_A1",  "__printer_papsize_A2",
-    "__printer_papsize_A3", "__printer_papsize_A4", "__printer_papsize_DEF",
-};
+constexpr std::string_view kPrinterOfSize = "__printer_papsize_";
 
 constexpr std::string_view kPlaces[] = {"OutputPath", "OutputPath2", "ErrorLogPath"};
 
@@ -73,8 +70,10 @@ std::vector<std::string> PrintersOf(Examination& examination, const TaskRecord& 
     std::vector<std::string> names;
     const int32_t selection = Number(examination, task, "__printer_prseltype");
     if (selection == kPrinterBySize) {
-        for (const std::string_view variable : kPrinterOfSize) {
-            AddNames(names, Text(examination, task, variable));
+        for (const VariableRow& variable : KnownVariables()) {
+            if (variable.name.starts_with(kPrinterOfSize)) {
+                AddNames(names, Text(examination, task, variable.name));
+            }
         }
         return names;
     }

@@ -505,8 +505,8 @@ TEST_F(DoctorWorld, AStartUpAddInThatIsSwitchedOffIsToldWithWhatSwitchesItOn)
         "  Switch it on again. Leave it if it was you who switched it off:\n"
         "    reg add \"HKCU\\Software\\Torvane\\AddInsStartup\\{A}\" /ve /t REG_DWORD /d 1 /f\n"
         "warning | C | is switched off (an empty text); a run that ended by force may have left it so\n"
-        "  Switch it on in the application's list of add-ins: the text that stood there isn't kept. Leave it if it "
-        "was you who switched it off\n");
+        "  Switch it on in the application, or import a saved export of its key: the text that stood there isn't kept. "
+        "Leave it if it was you who switched it off\n");
 }
 
 TEST_F(DoctorWorld, StartUpAddInsMayBeSwitchedOffWhileARunIsUnderWay)
@@ -541,8 +541,8 @@ TEST_F(DoctorWorld, SettingsOfTheMachineInThe32BitViewOnlyAreAWarning)
         "warning | keys | the user's: none; the machine's: none; the machine's, 32-bit view: there; the machine's, "
         "64-bit view: none. Settings of the machine are looked for in the 64-bit view\n"
         "  Copy them there, as administrator:\n"
-        "    reg export \"HKLM\\Software\\Torvane\\Applications\\Quellor\" \"%TEMP%\\quellor.reg\" /y /reg:32\n"
-        "    reg import \"%TEMP%\\quellor.reg\" /reg:64\n");
+        "    reg export \"HKLM\\Software\\Torvane\\Applications\\Quellor\" \"%TEMP%\\torvane.reg\" /y /reg:32\n"
+        "    reg import \"%TEMP%\\torvane.reg\" /reg:64\n");
 }
 
 TEST_F(DoctorWorld, NoSettingsMeansThatTheDefaultsCount)
@@ -616,7 +616,7 @@ TEST_F(DoctorWorld, AListenerThatKeepsRunsWaitingIsAProblem)
     EXPECT_EQ(
         Check("listener"),
         "problem | listener | it (process 300) takes messages at "
-        "\\\\.\\pipe\\{5A1C7F30-8F0E-4B52-9A44-2F6D1C0A7E04} and didn't answer within 5 seconds: a run that saves a "
+        "\\\\.\\pipe\\{5A1C7F30-8F0E-4B52-9A44-2F6D1C0A7E04} and didn't answer within 15 seconds: a run that saves a "
         "file waits for it without end\n"
         "  End the listener; its own program may start it again:\n"
         "    taskkill /F /PID 300\n");
@@ -624,7 +624,7 @@ TEST_F(DoctorWorld, AListenerThatKeepsRunsWaitingIsAProblem)
     EXPECT_EQ(
         Check("listener"),
         "problem | listener | a run has waited for the listener at "
-        "\\\\.\\pipe\\{5A1C7F30-8F0E-4B52-9A44-2F6D1C0A7E04} for more than 5 seconds, and all others wait behind it\n"
+        "\\\\.\\pipe\\{5A1C7F30-8F0E-4B52-9A44-2F6D1C0A7E04} for more than 15 seconds, and all others wait behind it\n"
         "  End the program that listens, or start the machine again\n");
 }
 
@@ -633,7 +633,7 @@ TEST_F(DoctorWorld, AListenerThatTakesNothingIsAWarning)
     health.listener = {ListenerState::Busy, 300};
     EXPECT_EQ(Check("listener"),
               "warning | listener | it (process 300) takes no message at "
-              "\\\\.\\pipe\\{5A1C7F30-8F0E-4B52-9A44-2F6D1C0A7E04} within 5 seconds, so nobody hears of "
+              "\\\\.\\pipe\\{5A1C7F30-8F0E-4B52-9A44-2F6D1C0A7E04} within 15 seconds, so nobody hears of "
               "a run's files\n"
               "  End the listener; its own program may start it again:\n"
               "    taskkill /F /PID 300\n");
