@@ -1,4 +1,5 @@
 // The watchdog on the CAD application's own dialogs, while the application hasn't registered yet.
+#include "application_folder.h"
 #include "cad/watchdog.h"
 #include "platform/win32/win32_platform.h"
 #include "support/format.h"
@@ -7,7 +8,6 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <fstream>
 
 namespace tv {
 
@@ -18,29 +18,18 @@ constexpr ULONGLONG kPatience = 60'000;
 class WatchdogOnApplication : public testing::Test
 {
   protected:
-    void SetUp() override
-    {
-        ASSERT_GE(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED), 0);
-        folder = std::filesystem::temp_directory_path() / ("torvane_watched_" + std::to_string(GetCurrentProcessId()));
-        std::filesystem::create_directory(folder);
-        SetEnvironmentVariableW(L"TORVANE_TRANSCRIPT", Transcript().c_str());
-    }
+    void SetUp() override { ASSERT_GE(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED), 0); }
 
     void TearDown() override
     {
         watchdog.Stop();
         EndApplication();
-        SetEnvironmentVariableW(L"TORVANE_TRANSCRIPT", nullptr);
-        SetEnvironmentVariableW(L"TORVANE_FAULTS", nullptr);
-        std::filesystem::remove_all(folder);
         CoUninitialize();
     }
 
-    std::filesystem::path Transcript() const { return folder / "transcript.txt"; }
-
-    void Launch(const wchar_t* faults)
+    void Launch(std::u16string_view faults)
     {
-        SetEnvironmentVariableW(L"TORVANE_FAULTS", faults);
+        folder.AskFaults(faults);
         std::wstring path(32768, L'\0');
         path.resize(GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size())));
         const auto program = std::filesystem::path(path).parent_path().parent_path() / "TORVANE.EXE";
@@ -69,9 +58,8 @@ class WatchdogOnApplication : public testing::Test
     std::vector<std::string> Lines() const
     {
         std::vector<std::string> lines;
-        std::ifstream file(Transcript(), std::ios::binary);
-        for (std::string line; std::getline(file, line);) {
-            lines.push_back(line.substr(line.find(' ') + 1, line.find('\r') - line.find(' ') - 1));
+        for (const TranscriptLine& line : folder.Transcript()) {
+            lines.push_back(line.text);
         }
         return lines;
     }
@@ -97,7 +85,7 @@ class WatchdogOnApplication : public testing::Test
     }
 
     /// Starts the application with a fault and expects the dialog to be answered so that the application registers.
-    void ExpectAnswered(const wchar_t* fault, const std::string& title, const std::string& answer)
+    void ExpectAnswered(std::u16string_view fault, const std::string& title, const std::string& answer)
     {
         watchdog.Start();
         Launch(fault);
@@ -108,7 +96,7 @@ class WatchdogOnApplication : public testing::Test
         EXPECT_TRUE(IsRegistered());
     }
 
-    std::filesystem::path folder;
+    ApplicationFolder folder;
     win32::Win32Platform machine{GetModuleHandleW(nullptr)};
     Platform& services = machine.Get();
     std::atomic<uint32_t> process{0};
@@ -119,32 +107,32 @@ class WatchdogOnApplication : public testing::Test
 
 TEST_F(WatchdogOnApplication, TheSchedulersDialogAtTheStartIsAnsweredByReturnAndNoted)
 {
-    ExpectAnswered(L"scheduler-dialog:at=start", "\"Local Torvane Task Scheduler\"", "return");
+    ExpectAnswered(u"scheduler-dialog:at=start", "\"Local Torvane Task Scheduler\"", "return");
     EXPECT_TRUE(SchedulerDialogSeen());
 }
 
 TEST_F(WatchdogOnApplication, TheErrorBoxAtTheStartIsAnsweredByReturn)
 {
-    ExpectAnswered(L"error-box:at=start", "\"Microsoft Visual Basic\"", "return");
+    ExpectAnswered(u"error-box:at=start", "\"Microsoft Visual Basic\"", "return");
     EXPECT_FALSE(SchedulerDialogSeen());
 }
 
 TEST_F(WatchdogOnApplication, TheBreakWindowAtTheStartIsClosed)
 {
-    ExpectAnswered(L"break-window:at=start", "\"Microsoft Visual Basic [break] - TVMacro1\"", "close");
+    ExpectAnswered(u"break-window:at=start", "\"Microsoft Visual Basic [break] - TVMacro1\"", "close");
     EXPECT_FALSE(SchedulerDialogSeen());
 }
 
 TEST_F(WatchdogOnApplication, TheChildDialogAtTheStartIsAnsweredByEscape)
 {
-    ExpectAnswered(L"child-dialog:at=start", "\"Formlyn\"", "escape");
+    ExpectAnswered(u"child-dialog:at=start", "\"Formlyn\"", "escape");
     EXPECT_FALSE(SchedulerDialogSeen());
 }
 
 TEST_F(WatchdogOnApplication, AChildDialogOfAnotherWindowStandsOn)
 {
     watchdog.Start();
-    Launch(L"child-dialog:at=start,parent=The Torvane");
+    Launch(u"child-dialog:at=start,parent=The Torvane");
     EXPECT_TRUE(AwaitLine("dialog shown \"Formlyn\""));
     services.clock.Sleep(3000);
     EXPECT_FALSE(IsRegistered());
@@ -155,7 +143,7 @@ TEST_F(WatchdogOnApplication, AChildDialogOfAnotherWindowStandsOn)
 TEST_F(WatchdogOnApplication, ADialogThatItDoesNotKnowStandsOn)
 {
     watchdog.Start();
-    Launch(L"dialog:title='Save; really?',key=return,at=start");
+    Launch(u"dialog:title='Save; really?',key=return,at=start");
     EXPECT_TRUE(AwaitLine("dialog shown \"Save; really?\""));
     services.clock.Sleep(3000);
     EXPECT_FALSE(IsRegistered());
@@ -166,7 +154,7 @@ TEST_F(WatchdogOnApplication, ADialogThatItDoesNotKnowStandsOn)
 
 TEST_F(WatchdogOnApplication, WithoutTheWatchdogTheDialogStandsOn)
 {
-    Launch(L"error-box:at=start");
+    Launch(u"error-box:at=start");
     EXPECT_TRUE(AwaitLine("dialog shown \"Microsoft Visual Basic\""));
     services.clock.Sleep(3000);
     EXPECT_FALSE(IsRegistered());
@@ -177,7 +165,7 @@ TEST_F(WatchdogOnApplication, WithoutTheWatchdogTheDialogStandsOn)
 TEST_F(WatchdogOnApplication, SeveralDialogsInTurnAreAllAnswered)
 {
     watchdog.Start();
-    Launch(L"child-dialog:at=start;error-box:at=start;break-window:at=start;scheduler-dialog:at=start");
+    Launch(u"child-dialog:at=start;error-box:at=start;break-window:at=start;scheduler-dialog:at=start");
     EXPECT_TRUE(AwaitLine("registered"));
     watchdog.Stop();
     std::vector<std::string> answers = Lines();

@@ -3,6 +3,7 @@
 
 #include "made_windows.h"
 #include "platform/win32/win32_platform.h"
+#include "shortened_clock.h"
 
 #include <gtest/gtest.h>
 
@@ -118,9 +119,7 @@ class WatchdogOnWindows : public testing::Test
     Platform& services = machine.Get();
     PassClock passClock{services.clock};
     /// The machine, but for the clock.
-    Platform countedServices{services.registry, services.files,   services.processes, services.runningObjects,
-                             services.desktop,  passClock,        services.pipes,     services.threads,
-                             services.module,   services.products};
+    Platform countedServices = WithClock(services, passClock);
     std::atomic<uint32_t> process{0};
     std::atomic<int> lateStops{0};
     Watchdog watchdog{services, process, [this] { ++lateStops; }};
