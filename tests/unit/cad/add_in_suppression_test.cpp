@@ -4,8 +4,9 @@
 
 #include <gtest/gtest.h>
 
+#include <condition_variable>
 #include <functional>
-#include <semaphore>
+#include <mutex>
 #include <thread>
 
 namespace tv {
@@ -531,34 +532,54 @@ TEST_F(AddInSuppressionTest, WhereverTheTwoHalvesOfARunFallIntoAnotherNothingIsL
     }
 }
 
+/// A mark that one thread sets and another waits for.
+class Mark
+{
+  public:
+    void Set()
+    {
+        const std::lock_guard guard(lock);
+        isSet = true;
+        changed.notify_all();
+    }
+    void Wait()
+    {
+        std::unique_lock guard(lock);
+        changed.wait(guard, [&] { return isSet; });
+    }
+
+  private:
+    std::mutex lock;
+    std::condition_variable changed;
+    bool isSet = false;
+};
+
 /// Two runs, one on a thread of its own, that take turns: the first up to a call, the second up to one or to its end if
 /// that comes before, and each to its end in the same order.
 void RunInTurns(RegistryService& registry, uint32_t firstTurn, uint32_t secondTurn)
 {
-    std::binary_semaphore secondStops(0);
-    std::binary_semaphore secondGoesOn(0);
+    Mark secondStops;
+    Mark secondGoesOn;
     std::thread other;
     InterruptedRegistry first(registry);
     InterruptedRegistry second(registry);
     second.beforeCall = [&](uint32_t call) {
         if (call == secondTurn) {
-            secondStops.release();
-            secondGoesOn.acquire();
+            secondStops.Set();
+            secondGoesOn.Wait();
         }
     };
     first.beforeCall = [&](uint32_t call) {
         if (call == firstTurn) {
             other = std::thread([&] {
                 RunOnce(second);
-                if (second.calls < secondTurn) {
-                    secondStops.release();
-                }
+                secondStops.Set();
             });
-            secondStops.acquire();
+            secondStops.Wait();
         }
     };
     RunOnce(first);
-    secondGoesOn.release();
+    secondGoesOn.Set();
     other.join();
 }
 
