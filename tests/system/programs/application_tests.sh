@@ -4,11 +4,11 @@
 give_add_ins() {
     local key
     for key in AddInsStartup Startup; do
-        registry export "HKCU\\Software\\Torvane\\$key" "$(windows_path "$work/users_$key.reg")" /y || true
+        try_registry export "HKCU\\Software\\Torvane\\$key" "$(windows_path "$work/users_$key.reg")" /y || true
     done
     at_end+=(take_add_ins)
-    registry delete 'HKCU\Software\Torvane\AddInsStartup' /f || true
-    registry delete 'HKCU\Software\Torvane\Startup' /f || true
+    try_registry delete 'HKCU\Software\Torvane\AddInsStartup' /f || true
+    try_registry delete 'HKCU\Software\Torvane\Startup' /f || true
     registry add 'HKCU\Software\Torvane\AddInsStartup\{A}' /ve /t REG_DWORD /d 1 /f
     registry add 'HKCU\Software\Torvane\AddInsStartup\{B}' /ve /t REG_SZ /d four /f
     registry add 'HKCU\Software\Torvane\AddInsStartup\{C}' /ve /t REG_DWORD /d 0 /f
@@ -21,15 +21,19 @@ give_add_ins() {
 take_add_ins() {
     local key
     for key in AddInsStartup Startup; do
-        registry delete "HKCU\\Software\\Torvane\\$key" /f
+        try_registry delete "HKCU\\Software\\Torvane\\$key" /f
         if [[ -e $work/users_$key.reg ]]; then
-            registry import "$(windows_path "$work/users_$key.reg")"
+            try_registry import "$(windows_path "$work/users_$key.reg")"
         fi
     done
 }
 
+try_registry() {
+    "$TV_WINE" reg "$@" >"$work/registry.out" 2>&1 </dev/null
+}
+
 registry() {
-    "$TV_WINE" reg "$@" >/dev/null 2>&1 </dev/null
+    try_registry "$@" || fail "reg $* ended with $?: $(cat "$work/registry.out")"
 }
 
 # export_add_ins NAME writes what the system's own tool exports to two files of that name.
