@@ -1,11 +1,8 @@
 // The CAD application's faults, each on the real process: started, watched, and gone at the end.
-#include "com/bstring.h"
-#include "com/com_object.h"
-#include "com/com_ptr.h"
-#include "com/variant.h"
-#include "interfaces/application.h"
+#include "application_fixture.h"
+#include "application_macros.h"
 
-#include <gtest/gtest.h>
+#include "com/com_object.h"
 
 #include <psapi.h>
 
@@ -13,40 +10,14 @@
 #include <fstream>
 #include <functional>
 #include <iterator>
-#include <string>
-#include <vector>
-
-TV_IID(IRunningObjectTable, "00000010-0000-0000-c000-000000000046");
-TV_IID(IMoniker, "0000000f-0000-0000-c000-000000000046");
 
 namespace tv {
 
 namespace {
 
-constexpr WORD kRead = DISPATCH_METHOD | DISPATCH_PROPERTYGET;
-constexpr DWORD kPatience = 60'000;
 /// Long enough for an application that works to have shown it.
 constexpr DWORD kAWhile = 3'000;
 constexpr DWORD kCrashed = 0xC0000005;
-
-std::wstring ProgramFolder()
-{
-    std::wstring path(32768, L'\0');
-    path.resize(GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size())));
-    for (int level = 0; level < 2; ++level) {
-        path.resize(path.rfind(L'\\'));
-    }
-    return path;
-}
-
-std::string Narrow(const std::wstring& text)
-{
-    std::string narrow;
-    for (const wchar_t unit : text) {
-        narrow += static_cast<char>(unit);
-    }
-    return narrow;
-}
 
 struct Wanted
 {
@@ -112,16 +83,12 @@ class CallingSink final : public ComObject<IDispatch>
     std::function<void()> onEvent = [] {};
 };
 
-class TorvaneFaults : public testing::Test
+class TorvaneFaults : public ApplicationFixture
 {
   protected:
     void SetUp() override
     {
-        ASSERT_GE(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED), 0);
-        wchar_t temporary[MAX_PATH + 1] = {};
-        GetTempPathW(MAX_PATH + 1, temporary);
-        folder = temporary + (L"torvane_faults_" + std::to_wstring(GetCurrentProcessId()));
-        CreateDirectoryW(folder.c_str(), nullptr);
+        ApplicationFixture::SetUp();
         transcript = folder + L"\\transcript.txt";
         SetEnvironmentVariableW(L"TORVANE_TRANSCRIPT", transcript.c_str());
         written.push_back(transcript);
@@ -129,68 +96,25 @@ class TorvaneFaults : public testing::Test
 
     void TearDown() override
     {
-        EndProcess();
         for (const wchar_t* name : {L"TORVANE_TRANSCRIPT", L"TORVANE_FAULTS", L"TORVANE_FAULT_COUNTER"}) {
             SetEnvironmentVariableW(name, nullptr);
         }
-        for (const std::wstring& file : written) {
-            DeleteFileW(file.c_str());
-        }
-        EXPECT_TRUE(RemoveDirectoryW(folder.c_str()));
-        CoUninitialize();
+        ApplicationFixture::TearDown();
     }
 
     /// Starts the application without waiting for anything.
-    void Launch(const std::wstring& faults, const std::wstring& way = L"/B")
+    void LaunchWith(const std::wstring& faults, const std::wstring& arguments = L"/B")
     {
-        EndProcess();
         SetEnvironmentVariableW(L"TORVANE_FAULTS", faults.c_str());
-        STARTUPINFOW start{};
-        start.cb = sizeof start;
-        std::wstring command = L"\"" + ProgramFolder() + L"\\TORVANE.EXE\" " + way;
-        ASSERT_TRUE(
-            CreateProcessW(nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start, &process));
+        Launch(arguments);
     }
 
     /// Starts the application and attaches to it.
-    void Start(const std::wstring& faults, const std::wstring& way = L"/B")
+    void Start(const std::wstring& faults, const std::wstring& arguments = L"/B")
     {
-        Launch(faults, way);
-        Attach(kPatience);
+        LaunchWith(faults, arguments);
+        Attach();
         ASSERT_TRUE(application) << "the application didn't register";
-    }
-
-    void Attach(DWORD patience)
-    {
-        const std::wstring name = L"Torvane_PID_" + std::to_wstring(process.dwProcessId);
-        const ULONGLONG deadline = GetTickCount64() + patience;
-        while (!application && GetTickCount64() < deadline) {
-            ComPtr<IRunningObjectTable> table;
-            ComPtr<IMoniker> moniker;
-            ComPtr<IUnknown> object;
-            ASSERT_GE(GetRunningObjectTable(0, table.put()), 0);
-            ASSERT_GE(CreateItemMoniker(L"", name.c_str(), moniker.put()), 0);
-            if (table->GetObjectW(moniker.get(), object.put()) == S_OK) {
-                ASSERT_GE(object.As(application), 0);
-            } else {
-                Sleep(50);
-            }
-        }
-    }
-
-    void EndProcess()
-    {
-        application.reset();
-        if (process.hProcess == nullptr) {
-            return;
-        }
-        if (WaitForSingleObject(process.hProcess, 0) == WAIT_TIMEOUT) {
-            TerminateProcess(process.hProcess, 255);
-        }
-        EXPECT_EQ(WaitForSingleObject(process.hProcess, kPatience), WAIT_OBJECT_0) << "a process is left";
-        CloseHandle(process.hProcess);
-        CloseHandle(process.hThread);
-        process = {};
     }
 
     /// Exit code of the process once it has ended; 259 while it goes on.
@@ -203,58 +127,14 @@ class TorvaneFaults : public testing::Test
         return code;
     }
 
-    /// Calls a member by name; the arguments are borrowed.
-    static HRESULT Try(IDispatch* object, const wchar_t* name, std::vector<VARIANT> arguments, Variant& answer)
-    {
-        std::reverse(arguments.begin(), arguments.end());
-        auto* text = const_cast<LPOLESTR>(name);
-        DISPID member = 0;
-        const HRESULT found = object->GetIDsOfNames(IID_NULL, &text, 1, LOCALE_USER_DEFAULT, &member);
-        if (found < 0) {
-            return found;
-        }
-        DISPPARAMS params{arguments.data(), nullptr, static_cast<UINT>(arguments.size()), 0};
-        return object->Invoke(member, IID_NULL, LOCALE_USER_DEFAULT, kRead, &params, answer.put(), nullptr, nullptr);
-    }
-
+    using ApplicationFixture::Try;
     HRESULT Try(const wchar_t* name)
     {
         Variant answer;
         return Try(application.get(), name, {}, answer);
     }
 
-    std::wstring Write(const wchar_t* name, const std::string& text)
-    {
-        const std::wstring path = folder + L"\\" + name;
-        std::ofstream(Narrow(path), std::ios::binary) << text;
-        written.push_back(path);
-        return path;
-    }
-
-    struct MacroAnswer
-    {
-        HRESULT result;
-        bool succeeded;
-        LONG error;
-    };
-
-    MacroAnswer RunMacro(const std::string& text)
-    {
-        const std::wstring path = Write(L"macro.tvb", text);
-        const Variant file = Variant::FromText(std::u16string(path.begin(), path.end()));
-        const Variant module = Variant::FromText(u"TVMacro1");
-        const Variant procedure = Variant::FromText(u"main");
-        const Variant options = Variant::FromInt(0);
-        MacroAnswer told{0, false, -1};
-        VARIANT code{};
-        code.vt = VT_BYREF | VT_I4;
-        code.plVal = &told.error;
-        Variant answer;
-        told.result = Try(application.get(), L"RunMacroEx",
-                          {*file.get(), *module.get(), *procedure.get(), *options.get(), code}, answer);
-        told.succeeded = told.result >= 0 && answer.ToBool();
-        return told;
-    }
+    MacroAnswer RunMacro(const std::string& text) { return RunMacroFile(Write(L"macro.tvb", text)); }
 
     HWND FindTitle(const wchar_t* title, DWORD patience = kPatience)
     {
@@ -303,35 +183,29 @@ class TorvaneFaults : public testing::Test
         return HasLine(wanted);
     }
 
-    std::wstring folder;
     std::wstring transcript;
-    std::vector<std::wstring> written;
-    PROCESS_INFORMATION process{};
-    ComPtr<IDispatch> application;
 };
 
-constexpr char kEmptyMacro[] = "Sub main()\r\nEnd Sub\r\n";
-constexpr char kPart[] = R"({"format": "torvane-part", "version": 1, "units": "mm", "activeConfiguration": "Default",
-  "configurations": [{"name": "Default", "features": [{"type": "box", "size": [10, 20, 30]}]}]})";
+constexpr char kDoesNothing[] = "Sub main()\r\nEnd Sub\r\n";
 
 } // namespace
 
 TEST_F(TorvaneFaults, AnUnknownFaultEndsTheStartWithCode2)
 {
-    Launch(L"explode");
+    LaunchWith(L"explode");
     EXPECT_EQ(ExitCode(), 2u);
     EXPECT_EQ(Lines(), std::vector<std::string>{"error There is no fault \"explode\"."});
 }
 
 TEST_F(TorvaneFaults, TheCommandLineAsksForFaultsToo)
 {
-    Launch(L"", L"\"/faults:crash@1\" /B");
+    LaunchWith(L"", L"\"/faults:crash@1\" /B");
     EXPECT_EQ(ExitCode(), kCrashed);
 }
 
 TEST_F(TorvaneFaults, AnApplicationThatNeverRegistersGoesOnWithoutBeingFound)
 {
-    Launch(L"never-register");
+    LaunchWith(L"never-register");
     EXPECT_NE(FindTitle(L"Torvane 2013"), nullptr);
     Attach(kAWhile);
     EXPECT_FALSE(application);
@@ -351,7 +225,7 @@ TEST_F(TorvaneFaults, OnlyTheSecondStartCrashesWhenAFileCounts)
     written.push_back(counts);
     SetEnvironmentVariableW(L"TORVANE_FAULT_COUNTER", counts.c_str());
     Start(L"crash@2");
-    Launch(L"crash@2");
+    LaunchWith(L"crash@2");
     EXPECT_EQ(ExitCode(), kCrashed);
     Start(L"crash@2");
 }
@@ -359,8 +233,8 @@ TEST_F(TorvaneFaults, OnlyTheSecondStartCrashesWhenAFileCounts)
 TEST_F(TorvaneFaults, ACrashInAMacroFailsTheCallAndEndsTheProcess)
 {
     Start(L"crash:at=macro@2");
-    EXPECT_EQ(RunMacro(kEmptyMacro).result, S_OK);
-    EXPECT_LT(RunMacro(kEmptyMacro).result, 0);
+    EXPECT_EQ(RunMacro(kDoesNothing).result, S_OK);
+    EXPECT_LT(RunMacro(kDoesNothing).result, 0);
     EXPECT_EQ(ExitCode(), kCrashed);
     EXPECT_FALSE(HasLine("ended"));
 }
@@ -368,7 +242,7 @@ TEST_F(TorvaneFaults, ACrashInAMacroFailsTheCallAndEndsTheProcess)
 TEST_F(TorvaneFaults, ACrashAtASaveLeavesTheAnnouncementAndNoFile)
 {
     Start(L"crash:at=save");
-    const std::wstring part = Write(L"part.tvnprt", kPart);
+    const std::wstring part = Write(L"part.tvnprt", kBoxPart);
     const std::wstring copy = folder + L"\\copy.tvnprt";
     EXPECT_LT(RunMacro("Sub main()\r\n  Dim errors As Long, warnings As Long\r\n"
                        "  Set app = Application.Torvane\r\n  Set spec = app.GetOpenDocSpec(\"" +
@@ -389,7 +263,7 @@ TEST_F(TorvaneFaults, AHangInAMacroEndsOnlyWithTheProcess)
         seen = WaitForSingleObject(process.hProcess, kAWhile);
         TerminateProcess(process.hProcess, 255);
     });
-    EXPECT_LT(RunMacro(kEmptyMacro).result, 0);
+    EXPECT_LT(RunMacro(kDoesNothing).result, 0);
     EXPECT_EQ(ExitCode(), 255u);
     EXPECT_EQ(seen, static_cast<DWORD>(WAIT_TIMEOUT));
 }
@@ -420,8 +294,8 @@ TEST_F(TorvaneFaults, ALeakShowsInTheWorkingSet)
     PROCESS_MEMORY_COUNTERS before{};
     PROCESS_MEMORY_COUNTERS after{};
     ASSERT_TRUE(GetProcessMemoryInfo(process.hProcess, &before, sizeof before));
-    EXPECT_TRUE(RunMacro(kEmptyMacro).succeeded);
-    EXPECT_TRUE(RunMacro(kEmptyMacro).succeeded);
+    EXPECT_TRUE(RunMacro(kDoesNothing).succeeded);
+    EXPECT_TRUE(RunMacro(kDoesNothing).succeeded);
     ASSERT_TRUE(GetProcessMemoryInfo(process.hProcess, &after, sizeof after));
     EXPECT_GE(after.WorkingSetSize, before.WorkingSetSize + 100u * 1024 * 1024);
 }
@@ -429,14 +303,14 @@ TEST_F(TorvaneFaults, ALeakShowsInTheWorkingSet)
 TEST_F(TorvaneFaults, AMacroFailsWithTheAskedCodeAndWithoutOne)
 {
     Start(L"fail-macro:code=23@1;fail-macro@2");
-    const MacroAnswer first = RunMacro(kEmptyMacro);
+    const MacroAnswer first = RunMacro(kDoesNothing);
     EXPECT_EQ(first.result, S_OK);
     EXPECT_FALSE(first.succeeded);
     EXPECT_EQ(first.error, 23);
-    const MacroAnswer second = RunMacro(kEmptyMacro);
+    const MacroAnswer second = RunMacro(kDoesNothing);
     EXPECT_FALSE(second.succeeded);
     EXPECT_EQ(second.error, 0);
-    EXPECT_TRUE(RunMacro(kEmptyMacro).succeeded);
+    EXPECT_TRUE(RunMacro(kDoesNothing).succeeded);
 }
 
 TEST_F(TorvaneFaults, AMemberGivesTheAskedResultCode)
@@ -459,7 +333,7 @@ TEST_F(TorvaneFaults, ItGoesAwayWhileAListenerHandlesAnEvent)
     sink->onEvent = [&] { heard = Try(L"GetFirstDocument"); };
     DWORD cookie = 0;
     ASSERT_EQ(point->Advise(sink.get(), &cookie), S_OK);
-    const std::wstring part = Write(L"part.tvnprt", kPart);
+    const std::wstring part = Write(L"part.tvnprt", kBoxPart);
     EXPECT_LT(RunMacro("Sub main()\r\n  Set app = Application.Torvane\r\n  Set spec = app.GetOpenDocSpec(\"" +
                        Narrow(part) + "\")\r\n  Set model = app.OpenDoc7(spec)\r\nEnd Sub\r\n")
                   .result,
@@ -504,7 +378,7 @@ TEST_F(TorvaneFaults, EachDialogStandsUntilItIsAnsweredByItsKey)
                     Press(dialog, row.right);
                 }
             });
-            EXPECT_TRUE(RunMacro(kEmptyMacro).succeeded) << Narrow(row.title);
+            EXPECT_TRUE(RunMacro(kDoesNothing).succeeded) << Narrow(row.title);
         }
         EXPECT_TRUE(stoodOn) << Narrow(row.title);
         EXPECT_TRUE(HasLine(row.line)) << row.line;
@@ -514,7 +388,7 @@ TEST_F(TorvaneFaults, EachDialogStandsUntilItIsAnsweredByItsKey)
 
 TEST_F(TorvaneFaults, ADialogBeforeRegisteringKeepsTheApplicationFromBeingFound)
 {
-    Launch(L"child-dialog:at=start,parent=Torvane 2013 start");
+    LaunchWith(L"child-dialog:at=start,parent=Torvane 2013 start");
     const HWND dialog = FindTitle(L"Formlyn");
     ASSERT_NE(dialog, nullptr);
     wchar_t parent[260] = {};
@@ -533,7 +407,7 @@ TEST_F(TorvaneFaults, TheRevisionIsTheAskedOneAndBelow17ThereIsNoRunMacroEx)
     Variant revision;
     EXPECT_EQ(Try(application.get(), L"RevisionNumber", {}, revision), S_OK);
     EXPECT_EQ(revision.ToText(), u"16.2.0");
-    EXPECT_EQ(RunMacro(kEmptyMacro).result, static_cast<HRESULT>(0x80020003));
+    EXPECT_EQ(RunMacro(kDoesNothing).result, static_cast<HRESULT>(0x80020003));
 }
 
 TEST_F(TorvaneFaults, TheTranscriptTellsTheWholeStay)
