@@ -90,7 +90,7 @@ make_programs() {
     local how=build
     [[ ${1:-} == quietly ]] && how=build_quietly
     mkdir -p "$build_folder/logs"
-    "$how" linux-release programs
+    "$how" linux-release tvkernel
     "$how" windows programs
     prepare_wine "$wine_prefix"
 }

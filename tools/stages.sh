@@ -23,7 +23,7 @@ stage_windows() {
 }
 
 stage_system() {
-    build linux-release programs || return
+    build linux-release tvkernel || return
     build windows all || return
     prepare_wine "$tests_wine_prefix" || return
     TVTASK=$root/tools/tvtask.sh run_ctest windows '^system$' "$1"
