@@ -1,4 +1,5 @@
 #include "host/connected_application_win32.h"
+#include "host/installed_applications.h"
 
 #include "cad/macro_event.h"
 #include "com/bstring.h"
@@ -16,7 +17,6 @@ using Clock = std::chrono::steady_clock;
 constexpr wchar_t kClassName[] = L"Torvane.Application";
 constexpr wchar_t kBackgroundSwitch[] = L" /B";
 constexpr milliseconds kAttachInterval{50};
-constexpr int32_t kYearOfRevisionZero = 1992;
 /// The system may need a moment to take the turn back from a program that has ended.
 constexpr DWORD kTurnPatienceMs = 1000;
 

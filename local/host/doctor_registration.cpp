@@ -15,7 +15,6 @@ namespace tv::local {
 
 namespace {
 
-constexpr int32_t kYearOfRevisionZero = 1992;
 constexpr std::string_view kApplicationClass = "Torvane.Application";
 constexpr std::string_view kProgram = "TORVANE.EXE";
 constexpr std::string_view kComponent = "TVTaskAddIn.dll";

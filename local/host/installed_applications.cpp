@@ -13,7 +13,6 @@ namespace tv::local {
 namespace {
 
 constexpr std::string_view kClassName = "Torvane.Application";
-constexpr int32_t kYearOfRevisionZero = 1992;
 constexpr std::string_view kProgramExtension = ".exe";
 
 struct SourceRow

@@ -12,6 +12,9 @@
 
 namespace tv::local {
 
+/// A product year is this plus the number of its class: "Torvane.Application.21" is 2013's.
+inline constexpr int32_t kYearOfRevisionZero = 1992;
+
 /// How one version would be started.
 struct InstalledApplication
 {

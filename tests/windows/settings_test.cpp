@@ -1,6 +1,7 @@
 // The product's settings on the machine's own registry: the four standard keys, both views, and which side of a vault's
 // settings counts.
 #include "registry_place.h"
+#include "vault_key_rows.h"
 
 #include "platform/win32/registry.h"
 #include "support/settings.h"
@@ -166,45 +167,17 @@ TEST_F(SettingsOnTheRegistry, ABranchNeedsTheMachinesKeyAndTheUsers)
 
 TEST_F(SettingsOnTheRegistry, EveryModeHasItsOrderOfSides)
 {
-    enum Side
-    {
-        Missing,
-        WithoutValue,
-        WithValue
-    };
-    struct Row
-    {
-        uint32_t mode;
-        Side machineSide;
-        Side userSide;
-        uint32_t found; ///< 1 the machine's value, 2 the user's, 0 none
-    };
-    const Row rows[] = {
-        {1, Missing, Missing, 0},      {1, Missing, WithoutValue, 0},      {1, Missing, WithValue, 0},
-        {1, WithoutValue, Missing, 0}, {1, WithoutValue, WithoutValue, 0}, {1, WithoutValue, WithValue, 0},
-        {1, WithValue, Missing, 1},    {1, WithValue, WithoutValue, 1},    {1, WithValue, WithValue, 1},
-        {2, Missing, Missing, 0},      {2, Missing, WithoutValue, 0},      {2, Missing, WithValue, 2},
-        {2, WithoutValue, Missing, 0}, {2, WithoutValue, WithoutValue, 0}, {2, WithoutValue, WithValue, 2},
-        {2, WithValue, Missing, 0},    {2, WithValue, WithoutValue, 0},    {2, WithValue, WithValue, 2},
-        {4, Missing, Missing, 0},      {4, Missing, WithoutValue, 0},      {4, Missing, WithValue, 2},
-        {4, WithoutValue, Missing, 0}, {4, WithoutValue, WithoutValue, 0}, {4, WithoutValue, WithValue, 2},
-        {4, WithValue, Missing, 1},    {4, WithValue, WithoutValue, 1},    {4, WithValue, WithValue, 1},
-        {8, Missing, Missing, 0},      {8, Missing, WithoutValue, 0},      {8, Missing, WithValue, 2},
-        {8, WithoutValue, Missing, 0}, {8, WithoutValue, WithoutValue, 0}, {8, WithoutValue, WithValue, 2},
-        {8, WithValue, Missing, 1},    {8, WithValue, WithoutValue, 1},    {8, WithValue, WithValue, 2},
-        {0, WithValue, WithValue, 0},  {3, WithValue, WithValue, 0},       {16, WithValue, WithValue, 0},
-    };
-    for (const Row& row : rows) {
-        SCOPED_TRACE(testing::Message() << row.mode << ' ' << row.machineSide << ' ' << row.userSide);
+    for (const VaultKeyRow& row : kVaultKeyRows) {
+        SCOPED_TRACE(TextOf(row));
         kMachine64.Delete(L"Databases");
         kUser.Delete(L"Vaults");
         ASSERT_EQ(kMachine64.Make(L""), ERROR_SUCCESS);
-        if (row.machineSide != Missing) {
-            const StoredValue value = Number(row.machineSide == WithValue ? L"DateFmt" : L"Other", 1);
+        if (row.machineSide != VaultKeySide::Missing) {
+            const StoredValue value = Number(row.machineSide == VaultKeySide::WithValue ? L"DateFmt" : L"Other", 1);
             ASSERT_EQ(kMachine64.Put(L"Databases\\Design", value), ERROR_SUCCESS);
         }
-        if (row.userSide != Missing) {
-            const StoredValue value = Number(row.userSide == WithValue ? L"DateFmt" : L"Other", 2);
+        if (row.userSide != VaultKeySide::Missing) {
+            const StoredValue value = Number(row.userSide == VaultKeySide::WithValue ? L"DateFmt" : L"Other", 2);
             ASSERT_EQ(kUser.Put(L"Vaults\\Design", value), ERROR_SUCCESS);
         }
         EXPECT_EQ(settings.OpenVaultKey(u"Design", key, u"DateFmt", MissingKey::Fail, row.mode | 0x100),

@@ -1,5 +1,7 @@
 #include "support/settings.h"
 
+#include "vault_key_rows.h"
+
 #include "fakes/platform/fake_platform.h"
 
 #include <gtest/gtest.h>
@@ -287,42 +289,19 @@ TEST_F(SettingsTest, AVaultsKeyIsCreatedWhenAskedTo)
 
 TEST_F(SettingsTest, EveryModeHasItsOrderOfSides)
 {
-    enum Side
-    {
-        Missing,
-        WithoutValue,
-        WithValue
-    };
-    struct Row
-    {
-        uint32_t mode;
-        Side machineSide;
-        Side userSide;
-        uint32_t found; ///< 1 the machine's value, 2 the user's, 0 none
-    };
-    const Row rows[] = {
-        {1, Missing, Missing, 0},        {1, Missing, WithValue, 0},      {1, WithoutValue, WithValue, 0},
-        {1, WithValue, Missing, 1},      {1, WithValue, WithValue, 1},    {2, Missing, Missing, 0},
-        {2, WithValue, Missing, 0},      {2, WithValue, WithoutValue, 0}, {2, Missing, WithValue, 2},
-        {2, WithValue, WithValue, 2},    {4, Missing, Missing, 0},        {4, Missing, WithoutValue, 0},
-        {4, Missing, WithValue, 2},      {4, WithoutValue, Missing, 0},   {4, WithoutValue, WithoutValue, 0},
-        {4, WithoutValue, WithValue, 2}, {4, WithValue, Missing, 1},      {4, WithValue, WithoutValue, 1},
-        {4, WithValue, WithValue, 1},    {8, Missing, Missing, 0},        {8, WithoutValue, Missing, 0},
-        {8, WithValue, Missing, 1},      {8, Missing, WithoutValue, 0},   {8, WithoutValue, WithoutValue, 0},
-        {8, WithValue, WithoutValue, 1}, {8, Missing, WithValue, 2},      {8, WithoutValue, WithValue, 2},
-        {8, WithValue, WithValue, 2},
-    };
-    for (const Row& row : rows) {
-        SCOPED_TRACE(testing::Message() << row.mode << ' ' << row.machineSide << ' ' << row.userSide);
+    for (const VaultKeyRow& row : kVaultKeyRows) {
+        SCOPED_TRACE(TextOf(row));
         fakes::FakePlatform other;
         other.registry.AddKey(kLocalMachineRoot, kProduct);
         const std::u16string machinePath = Below(u"Databases\\Design");
         const std::u16string userPath = Below(u"Vaults\\Design");
-        if (row.machineSide != Missing) {
-            other.registry.PutNumber(kLocalMachineRoot, machinePath, row.machineSide == WithValue ? u"V" : u"W", 1);
+        if (row.machineSide != VaultKeySide::Missing) {
+            other.registry.PutNumber(kLocalMachineRoot, machinePath,
+                                     row.machineSide == VaultKeySide::WithValue ? u"V" : u"W", 1);
         }
-        if (row.userSide != Missing) {
-            other.registry.PutNumber(kCurrentUserRoot, userPath, row.userSide == WithValue ? u"V" : u"W", 2);
+        if (row.userSide != VaultKeySide::Missing) {
+            other.registry.PutNumber(kCurrentUserRoot, userPath, row.userSide == VaultKeySide::WithValue ? u"V" : u"W",
+                                     2);
         }
         SettingsLight ours(other.registry);
         Registry vault(other.registry);
